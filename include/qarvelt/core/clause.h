@@ -1,0 +1,173 @@
+// The node from which every statement tree is built.
+//
+// A node has a name, an initial and a current value, three texts written around it (prefix, suffix,
+// postfix), an ordered list of owned children and two optional callbacks. Hosts address nodes by
+// attribute paths: node names joined by ";" ("C_PHYSICAL_ATTRIBUTES;C_STORAGE;INITIAL"), where "*"
+// matches any one child and a final "*" the whole subtree. Nodes named "CONTAINER" hold no path
+// segment of their own: the path walks straight through them.
+//
+// One writing operation, GetModifiedSQL, serves CREATE and ALTER text alike: a leaf writes itself
+// only when its current value differs from its initial value.
+#ifndef QARVELT_CORE_CLAUSE_H
+#define QARVELT_CORE_CLAUSE_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace qarvelt {
+
+class CSQLClause;
+namespace build {
+class Node;
+}
+
+// Called by the writer after a node's prefix step (linked = the node's linked clause) and after its
+// postfix step (linked = null). `text` is the node's text so far and may be changed; `value` and
+// `initialValue` are the node's own strings. Returning 1 finishes the node at once.
+using SQLCallback = int (*)(std::string& text,
+                            std::string& value,
+                            std::string& initialValue,
+                            CSQLClause* linked);
+
+// Checks a value before a leaf accepts it: 0 accepts, anything else refuses (3 by convention).
+using SQLValidator = int (*)(const char* value);
+
+// Result codes of the int-returning operations.
+enum SQLResult : int {
+  SQL_OK = 0,              // done; for GetModifiedSQL: text was produced
+  SQL_NOTHING = 2,         // GetModifiedSQL: the node produced no text
+  SQL_INVALID = 3,         // a validator refused the value
+  SQL_NOT_FOUND = 4,       // no node matched the path, or the argument was unusable (null node)
+  SQL_RECORD_MISSING = 5,  // an information record needed by a change script is missing
+  SQL_VANISHED = 6,        // CSQLList::RemoveAttr: the item found was no longer in the list
+  SQL_DUPLICATE = 7,       // an item of that name exists already
+};
+
+// The release code a node is built for when none is given: the latest Oracle release known.
+constexpr int kLatestRelease = 7;
+
+class CSQLClause {
+ public:
+  explicit CSQLClause(bool bInit = true, int nOraVersion = kLatestRelease);
+  virtual ~CSQLClause();
+
+  CSQLClause(const CSQLClause&) = delete;
+  CSQLClause& operator=(const CSQLClause&) = delete;
+
+  virtual std::string GetSubType();
+
+  // Writes the text of everything modified below `path` ("*" for the whole tree; a null path is read
+  // as "*"). Returns 0 when text was produced, 2 when the node has nothing to write.
+  virtual int GetModifiedSQL(const char* path, std::string& text);
+  // Kept for interface compatibility: writes nothing and returns 0.
+  virtual int GetSQL(const char* path, std::string& text);
+  virtual std::string GetValue();
+
+  // Set the initial / current value of the node that `path` addresses (null: this node).
+  // 0 on success, 4 when no node accepted the value, a validator's code on the leaf itself.
+  virtual int SetInit(const char* path, const char* value);
+  virtual int SetValue(const char* path, const char* value);
+  // Appends `node` below the node that `path` addresses (null: this node). On success the tree owns
+  // `node`; when the result is not 0 (no such path, or `node` is null) the caller still owns it.
+  virtual int AddAttr(const char* path, CSQLClause* node);
+  // The base node removes nothing and returns 0; lists remove the item named by the path's head.
+  virtual int RemoveAttr(const char* path);
+  virtual CSQLClause* GetClause(const char* path);
+  virtual bool IsModified(const char* path);
+  // Empties every value and initial value below this node; the shape of the tree stays.
+  virtual void Clear();
+  // Copies this node's texts, values, callbacks, validator and release code into `target` and appends
+  // clones of this node's children after `target`'s own children.
+  virtual void Copy(CSQLClause* target);
+  // A deep copy of this node of the same class; the caller owns it.
+  virtual CSQLClause* operator*();
+  virtual bool hasUnused();
+  virtual void RefreshUsed();
+
+  std::string GetType() const { return m_strName; }
+  int GetLength() const { return static_cast<int>(m_children.size()); }
+  int SetPrefix(const char* prefix);
+  void SetAfterPrefix(SQLCallback cb) { m_cbAfterPrefix = cb; }
+  void SetAfterPostfix(SQLCallback cb) { m_cbAfterPostfix = cb; }
+  int GetOraVersion() const { return m_nOraVersion; }
+  void SetOraVersion(int nOraVersion) { m_nOraVersion = nOraVersion; }
+
+  // Conveniences beside the classic interface.
+  std::unique_ptr<CSQLClause> Clone() { return std::unique_ptr<CSQLClause>(operator*()); }
+  // Like AddAttr, but the node is deleted when it could not be appended.
+  int AddAttr(const char* path, std::unique_ptr<CSQLClause> node);
+  // The child at `index` in order of appending, or null when out of range.
+  CSQLClause* GetChild(int index) const;
+  std::string GetInit() const { return m_strInit; }
+  std::string GetPrefix() const { return m_strPrefix; }
+  std::string GetSuffix() const { return m_strSuffix; }
+  std::string GetPostfix() const { return m_strPostfix; }
+
+ protected:
+  virtual int setValue(const char* path, const char* value);
+  virtual int setInit(const char* path, const char* value);
+  virtual bool isModified(const char* path);
+  virtual int preModifiedSQL(const char* path, std::string& text);
+  virtual int postModifiedSQL(const char* path, std::string& text);
+  // Builds the node's subtree; called by the constructor of each class when bInit is true.
+  virtual void init();
+  virtual void resetUsedAttrs();
+
+  // Path grammar. getAttr: the first segment. nextAttr: the rest after the first ";" (a pointer into
+  // `path`); a path that is exactly "*" is its own rest; otherwise null once the path is used up.
+  // isEqual: the first segment is "*" or names this node, ignoring case.
+  static std::string getAttr(const char* path);
+  static const char* nextAttr(const char* path);
+  bool isEqual(const char* path) const;
+
+  // Names the node and, when bInit is true, builds its subtree: the body of every constructor
+  // `(bool bInit, int nOraVersion)` of a node class.
+  void setup(const char* name, bool bInit);
+  void setName(const char* name);
+  // Name and kind of another node, for the writers of derived classes.
+  static const std::string& nameOf(const CSQLClause* node) { return node->m_strName; }
+  static bool isContainer(const CSQLClause* node) { return node->m_strName == kContainerName; }
+  // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
+  // every operator*().
+  CSQLClause* cloneInto(CSQLClause* fresh);
+  // Writes the children that `path` selects and joins their pieces into `text` (one blank, or none
+  // after "(" or "."): the middle step of the general writer.
+  void writeChildren(const char* path, std::string& text);
+  // Appends a trimmed, non-empty piece to `text` by the join rule.
+  static void joinPiece(std::string& text, const std::string& piece);
+
+  static constexpr const char* kContainerName = "CONTAINER";
+
+  int m_nOraVersion;
+  std::string m_strName;
+  std::vector<std::unique_ptr<CSQLClause>> m_children;
+  std::string m_strPrefix;
+  std::string m_strSuffix;
+  std::string m_strPostfix;
+  bool m_bUsed = false;
+  std::string m_strValue;
+  std::string m_strInit;
+  CSQLClause* m_pLinked = nullptr;
+  SQLValidator m_pValidator = nullptr;
+  SQLCallback m_cbAfterPrefix = nullptr;
+  SQLCallback m_cbAfterPostfix = nullptr;
+
+  enum class WalkOp { SetValue, SetInit, AddAttr };
+  // The path walk shared by SetValue, SetInit and AddAttr for a non-null path: children named by the
+  // path's head get the rest, containers get the whole path, the first success ends the walk.
+  int walk(WalkOp op, const char* path, const char* value, CSQLClause* node);
+
+  // The tree-building vocabulary sets validators and linked clauses of the nodes it makes.
+  friend class build::Node;
+};
+
+// Text helpers shared by the writer and the information model: white space is what
+// std::isspace says (blank, tab, line breaks).
+void TrimLeft(std::string& text);
+void TrimRight(std::string& text);
+void Trim(std::string& text);
+
+}  // namespace qarvelt
+
+#endif  // QARVELT_CORE_CLAUSE_H

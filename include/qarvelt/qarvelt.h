@@ -1,0 +1,15 @@
+// Umbrella header: every public class of the library.
+#ifndef QARVELT_QARVELT_H
+#define QARVELT_QARVELT_H
+
+#include "qarvelt/version.h"
+
+#include "qarvelt/core/attr.h"
+#include "qarvelt/core/builder.h"
+#include "qarvelt/core/clause.h"
+#include "qarvelt/core/container.h"
+#include "qarvelt/core/list.h"
+
+#include "qarvelt/util/util.h"
+
+#endif  // QARVELT_QARVELT_H

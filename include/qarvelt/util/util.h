@@ -1,0 +1,61 @@
+// Shared static helpers: the column data types offered for a release code, questions about a data
+// type name, and the validators that attribute leaves call before they accept a value.
+#ifndef QARVELT_UTIL_UTIL_H
+#define QARVELT_UTIL_UTIL_H
+
+#include <string>
+#include <vector>
+
+namespace qarvelt {
+
+class CSQLUtil {
+ public:
+  // The data types of Oracle columns for a release code, in catalogue order (not sorted). The array is
+  // shared and rebuilt when the code differs from the previous call's: a returned reference is valid
+  // until the next call with another code. For one thread at a time.
+  static std::vector<std::string>& GetDataTypes(int nOraVersion);
+
+  // 1 for CLOB, BLOB, NCLOB and BFILE exactly as written (no upper-casing), else 0.
+  static int IsLOBType(const char* type);
+  // 1 = a length is required, 0 = no length is written, 2 = a length is allowed (NUMBER, FLOAT,
+  // UROWID, unknown names). Names are upper-cased first; TIMESTAMP... and INTERVAL... take no length.
+  static int IsNeedLength(const char* type);
+  // 1 for NUMBER, NUMERIC, DECIMAL, TIMESTAMP... and INTERVAL DAY... (the fractional-seconds part).
+  static int IsNeedScale(const char* type);
+  // 1 for NUMBER and INTERVAL....
+  static int IsNeedPrecision(const char* type);
+
+  // 0 for a non-empty string of decimal digits, else 3 (no sign, blank, point or size suffix).
+  static int IsValidInteger(const char* value);
+
+  // The validators that trees name for their leaves. Today every one of them accepts every value
+  // (returns 0); the names let a stricter check come later without touching the trees. IsValid is
+  // also the validator a leaf installs when it is given none.
+  static int IsValid(const char* value);
+  static int IsValidAddDrop(const char* value);
+  static int IsValidAlways(const char* value);
+  static int IsValidBufferPool(const char* value);
+  static int IsValidCache(const char* value);
+  static int IsValidCompress(const char* value);
+  static int IsValidEnable(const char* value);
+  static int IsValidLogging(const char* value);
+  static int IsValidMaxExtents(const char* value);
+  static int IsValidMonitoring(const char* value);
+  static int IsValidOptimal(const char* value);
+  static int IsValidParallel(const char* value);
+  static int IsValidRecordPerBlock(const char* value);
+  static int IsValidSize(const char* value);
+
+  // Three blanks: an indentation unit for hosts.
+  static std::string STR_SPACES;
+
+ protected:
+  static std::vector<std::string> m_arrTypes;
+
+ private:
+  static int s_nTypesVersion;
+};
+
+}  // namespace qarvelt
+
+#endif  // QARVELT_UTIL_UTIL_H

@@ -1,0 +1,114 @@
+#include "qarvelt/core/attr.h"
+
+#include "qarvelt/core/builder.h"
+#include "qarvelt/util/util.h"
+
+namespace qarvelt {
+
+namespace {
+const char* orEmpty(const char* s) {
+  return s != nullptr ? s : "";
+}
+}  // namespace
+
+CSQLAttr::CSQLAttr(const char* name,
+                   const char* initValue,
+                   const char* value,
+                   const char* prefix,
+                   const char* suffix,
+                   const char* postfix,
+                   int (*validator)(const char*),
+                   CSQLClause* linked)
+    : CSQLClause(false, kLatestRelease) {
+  m_strName = orEmpty(name);
+  m_strInit = orEmpty(initValue);
+  m_strValue = orEmpty(value);
+  m_strPrefix = orEmpty(prefix);
+  m_strSuffix = orEmpty(suffix);
+  m_strPostfix = orEmpty(postfix);
+  m_pValidator = validator != nullptr ? validator : &CSQLUtil::IsValid;
+  m_pLinked = linked;
+}
+
+CSQLAttr::CSQLAttr(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {
+  m_pValidator = &CSQLUtil::IsValid;
+}
+
+CSQLAttr::~CSQLAttr() = default;
+
+void CSQLAttr::init() {}
+
+int CSQLAttr::setValue(const char* /*path*/, const char* value) {
+  value = orEmpty(value);
+  if (m_pValidator != nullptr) {
+    if (const int refused = m_pValidator(value)) return refused;
+  }
+  m_strValue = value;
+  return SQL_OK;
+}
+
+int CSQLAttr::setInit(const char* /*path*/, const char* value) {
+  value = orEmpty(value);
+  if (m_pValidator != nullptr) {
+    if (const int refused = m_pValidator(value)) return refused;
+  }
+  m_strInit = value;
+  m_strValue = value;
+  return SQL_OK;
+}
+
+bool CSQLAttr::isModified(const char* /*path*/) {
+  return m_strInit != m_strValue;
+}
+
+std::string CSQLAttr::GetValue() {
+  return m_strValue;
+}
+
+int CSQLAttr::preModifiedSQL(const char* /*path*/, std::string& text) {
+  if (!isModified(nullptr)) return SQL_OK;
+  text = m_strPrefix + m_strValue + m_strSuffix;
+  return SQL_OK;
+}
+
+int CSQLAttr::postModifiedSQL(const char* /*path*/, std::string& text) {
+  if (!isModified(nullptr)) return SQL_OK;
+  text += m_strPostfix;
+  m_bUsed = true;
+  return SQL_OK;
+}
+
+bool CSQLAttr::hasUnused() {
+  if (CSQLClause::hasUnused()) return true;
+  if (!isModified(nullptr)) return false;
+  return !m_bUsed;
+}
+
+void CSQLAttr::resetUsedAttrs() {
+  CSQLClause::resetUsedAttrs();
+  if (m_bUsed) {
+    m_strValue = m_strInit;
+    m_bUsed = false;
+  }
+}
+
+CSQLClause* CSQLAttr::operator*() {
+  return cloneInto(new CSQLAttr(false, kLatestRelease));
+}
+
+// ---- data type leaf -----------------------------------------------------------------------------
+
+CSQLAttrDataType::CSQLAttrDataType(bool bInit, int nOraVersion) : CSQLAttr(false, nOraVersion) {
+  setup("DATATYPE", bInit);
+}
+
+void CSQLAttrDataType::init() {
+  using namespace build;
+  attach(this, And({"(", ")"}, leaf("LENGTH"), leaf("SCALE", ","), leaf("UNIT")));
+}
+
+CSQLClause* CSQLAttrDataType::operator*() {
+  return cloneInto(new CSQLAttrDataType(false, kLatestRelease));
+}
+
+}  // namespace qarvelt

@@ -1,0 +1,315 @@
+#include "qarvelt/core/clause.h"
+
+#include <cctype>
+#include <cstring>
+
+namespace qarvelt {
+
+namespace {
+
+const char* orEmpty(const char* s) {
+  return s != nullptr ? s : "";
+}
+
+bool isSpace(char c) {
+  return std::isspace(static_cast<unsigned char>(c)) != 0;
+}
+
+}  // namespace
+
+void TrimLeft(std::string& text) {
+  std::size_t i = 0;
+  while (i < text.size() && isSpace(text[i]))
+    ++i;
+  text.erase(0, i);
+}
+
+void TrimRight(std::string& text) {
+  std::size_t n = text.size();
+  while (n > 0 && isSpace(text[n - 1]))
+    --n;
+  text.resize(n);
+}
+
+void Trim(std::string& text) {
+  TrimRight(text);
+  TrimLeft(text);
+}
+
+CSQLClause::CSQLClause(bool /*bInit*/, int nOraVersion) : m_nOraVersion(nOraVersion) {}
+
+CSQLClause::~CSQLClause() = default;
+
+void CSQLClause::setup(const char* name, bool bInit) {
+  setName(name);
+  if (bInit) init();
+}
+
+void CSQLClause::setName(const char* name) {
+  m_strName = orEmpty(name);
+}
+
+// ---- path grammar -------------------------------------------------------------------------------
+
+std::string CSQLClause::getAttr(const char* path) {
+  if (path == nullptr) return std::string();
+  const char* semi = std::strchr(path, ';');
+  return semi != nullptr ? std::string(path, semi) : std::string(path);
+}
+
+const char* CSQLClause::nextAttr(const char* path) {
+  if (path == nullptr) return nullptr;
+  if (const char* semi = std::strchr(path, ';')) return semi + 1;
+  // A final "*" never runs out: it stands for the whole subtree at every depth.
+  return std::strcmp(path, "*") == 0 ? path : nullptr;
+}
+
+bool CSQLClause::isEqual(const char* path) const {
+  const std::string head = getAttr(path);
+  if (head == "*") return true;
+  if (head.size() != m_strName.size()) return false;
+  for (std::size_t i = 0; i < head.size(); ++i) {
+    if (std::tolower(static_cast<unsigned char>(head[i])) !=
+        std::tolower(static_cast<unsigned char>(m_strName[i])))
+      return false;
+  }
+  return true;
+}
+
+// ---- base slots ---------------------------------------------------------------------------------
+
+int CSQLClause::setValue(const char* /*path*/, const char* /*value*/) {
+  return SQL_OK;
+}
+int CSQLClause::setInit(const char* /*path*/, const char* /*value*/) {
+  return SQL_OK;
+}
+bool CSQLClause::isModified(const char* /*path*/) {
+  return false;
+}
+int CSQLClause::preModifiedSQL(const char* /*path*/, std::string& /*text*/) {
+  return SQL_OK;
+}
+int CSQLClause::postModifiedSQL(const char* /*path*/, std::string& /*text*/) {
+  return SQL_OK;
+}
+void CSQLClause::init() {}
+
+void CSQLClause::resetUsedAttrs() {
+  for (auto& child : m_children)
+    child->resetUsedAttrs();
+}
+
+std::string CSQLClause::GetSubType() {
+  return std::string();
+}
+int CSQLClause::GetSQL(const char* /*path*/, std::string& /*text*/) {
+  return SQL_OK;
+}
+std::string CSQLClause::GetValue() {
+  return std::string();
+}
+
+int CSQLClause::SetPrefix(const char* prefix) {
+  m_strPrefix = orEmpty(prefix);
+  return SQL_OK;
+}
+
+CSQLClause* CSQLClause::GetChild(int index) const {
+  if (index < 0 || index >= GetLength()) return nullptr;
+  return m_children[static_cast<std::size_t>(index)].get();
+}
+
+// ---- the writer ---------------------------------------------------------------------------------
+
+void CSQLClause::joinPiece(std::string& text, const std::string& piece) {
+  TrimRight(text);
+  if (!text.empty() && (text.back() == '(' || text.back() == '.')) {
+    text += piece;
+  } else {
+    text += ' ';
+    text += piece;
+  }
+}
+
+void CSQLClause::writeChildren(const char* path, std::string& text) {
+  const std::string head = getAttr(path);
+  const char* rest = nextAttr(path);
+  const bool all = head == "*";
+  for (auto& child : m_children) {
+    std::string piece;
+    int result;
+    if (!all && child->m_strName != head) {
+      if (!isContainer(child.get())) continue;
+      result = child->GetModifiedSQL(path, piece);
+    } else {
+      result = child->GetModifiedSQL(rest, piece);
+    }
+    if (result != SQL_OK) continue;
+    Trim(piece);
+    if (!piece.empty()) joinPiece(text, piece);
+  }
+}
+
+int CSQLClause::GetModifiedSQL(const char* path, std::string& text) {
+  if (path == nullptr) path = "*";
+  text.clear();
+  preModifiedSQL(path, text);
+  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
+    return SQL_OK;
+  writeChildren(path, text);
+  postModifiedSQL(path, text);
+  if (m_cbAfterPostfix != nullptr && m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr) == 1)
+    return SQL_OK;
+  return text.empty() ? SQL_NOTHING : SQL_OK;
+}
+
+// ---- path walks ---------------------------------------------------------------------------------
+
+int CSQLClause::walk(WalkOp op, const char* path, const char* value, CSQLClause* node) {
+  const std::string head = getAttr(path);
+  const char* rest = nextAttr(path);
+  for (auto& child : m_children) {
+    const char* sub;
+    if (child->m_strName == head) {
+      sub = rest;
+    } else if (isContainer(child.get())) {
+      sub = path;
+    } else {
+      continue;
+    }
+    int result = SQL_NOT_FOUND;
+    switch (op) {
+      case WalkOp::SetValue:
+        result = child->SetValue(sub, value);
+        break;
+      case WalkOp::SetInit:
+        result = child->SetInit(sub, value);
+        break;
+      case WalkOp::AddAttr:
+        result = child->AddAttr(sub, node);
+        break;
+    }
+    if (result == SQL_OK) return SQL_OK;
+  }
+  return SQL_NOT_FOUND;
+}
+
+int CSQLClause::SetValue(const char* path, const char* value) {
+  value = orEmpty(value);
+  if (path == nullptr) return setValue(nullptr, value);
+  return walk(WalkOp::SetValue, path, value, nullptr);
+}
+
+int CSQLClause::SetInit(const char* path, const char* value) {
+  value = orEmpty(value);
+  if (path == nullptr) return setInit(nullptr, value);
+  return walk(WalkOp::SetInit, path, value, nullptr);
+}
+
+int CSQLClause::AddAttr(const char* path, CSQLClause* node) {
+  if (node == nullptr || node == this) return SQL_NOT_FOUND;
+  if (path == nullptr) {
+    m_children.emplace_back(node);
+    return SQL_OK;
+  }
+  return walk(WalkOp::AddAttr, path, nullptr, node);
+}
+
+int CSQLClause::AddAttr(const char* path, std::unique_ptr<CSQLClause> node) {
+  const int result = AddAttr(path, node.get());
+  if (result == SQL_OK) node.release();
+  return result;
+}
+
+int CSQLClause::RemoveAttr(const char* /*path*/) {
+  return SQL_OK;
+}
+
+CSQLClause* CSQLClause::GetClause(const char* path) {
+  if (path == nullptr) return this;
+  const std::string head = getAttr(path);
+  const char* rest = nextAttr(path);
+  for (auto& child : m_children) {
+    CSQLClause* found = nullptr;
+    if (child->m_strName == head) {
+      found = child->GetClause(rest);
+    } else if (isContainer(child.get())) {
+      found = child->GetClause(path);
+    }
+    if (found != nullptr) return found;
+  }
+  return nullptr;
+}
+
+bool CSQLClause::IsModified(const char* path) {
+  if (path == nullptr) return isModified(nullptr);
+  const std::string head = getAttr(path);
+  if (head == "*" && isModified(path)) return true;
+  const char* rest = nextAttr(path);
+  for (auto& child : m_children) {
+    // Unlike the other walks, a container is handed the rest of the path here, not the whole path.
+    if (child->m_strName == head || head == "*" || isContainer(child.get())) {
+      if (child->IsModified(rest)) return true;
+    }
+  }
+  return false;
+}
+
+// ---- values, copies, used bookkeeping -----------------------------------------------------------
+
+void CSQLClause::Clear() {
+  m_strValue.clear();
+  m_strInit.clear();
+  m_bUsed = false;
+  for (auto& child : m_children)
+    child->Clear();
+}
+
+void CSQLClause::Copy(CSQLClause* target) {
+  if (target == nullptr) return;
+  target->m_pValidator = m_pValidator;
+  target->m_cbAfterPrefix = m_cbAfterPrefix;
+  target->m_cbAfterPostfix = m_cbAfterPostfix;
+  target->m_strName = m_strName;
+  target->m_strPrefix = m_strPrefix;
+  target->m_strSuffix = m_strSuffix;
+  target->m_strPostfix = m_strPostfix;
+  target->m_strInit = m_strInit;
+  target->m_strValue = m_strValue;
+  target->m_pLinked = m_pLinked;
+  target->m_nOraVersion = m_nOraVersion;
+  // Counted first, so that copying a node into itself terminates.
+  const std::size_t count = m_children.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    if (CSQLClause* clone = m_children[i]->operator*()) target->m_children.emplace_back(clone);
+  }
+}
+
+CSQLClause* CSQLClause::cloneInto(CSQLClause* fresh) {
+  Copy(fresh);
+  return fresh;
+}
+
+CSQLClause* CSQLClause::operator*() {
+  return cloneInto(new CSQLClause(false, kLatestRelease));
+}
+
+bool CSQLClause::hasUnused() {
+  for (auto& child : m_children) {
+    if (child->hasUnused()) return true;
+  }
+  return false;
+}
+
+void CSQLClause::RefreshUsed() {
+  if (hasUnused()) {
+    for (auto& child : m_children) {
+      if (child->GetSubType() == "OR") child->RefreshUsed();
+    }
+  } else {
+    resetUsedAttrs();
+  }
+}
+
+}  // namespace qarvelt

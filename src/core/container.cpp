@@ -1,0 +1,158 @@
+#include "qarvelt/core/container.h"
+
+#include "wrap.h"
+
+namespace qarvelt {
+
+namespace {
+const char* orEmpty(const char* s) {
+  return s != nullptr ? s : "";
+}
+}  // namespace
+
+// ---- CSQLContainer ------------------------------------------------------------------------------
+
+CSQLContainer::CSQLContainer(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {
+  setName(kContainerName);
+}
+
+int CSQLContainer::preModifiedSQL(const char* /*path*/, std::string& text) {
+  detail::openWrap(m_strPrefix, text);
+  return SQL_OK;
+}
+
+int CSQLContainer::postModifiedSQL(const char* /*path*/, std::string& text) {
+  detail::closeWrap(m_strPrefix, m_strPostfix, text);
+  return SQL_OK;
+}
+
+int CSQLContainer::GetModifiedSQL(const char* path, std::string& text) {
+  if (path == nullptr) path = "*";
+  text.clear();
+  preModifiedSQL(path, text);
+  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
+    return SQL_OK;
+  for (auto& child : m_children) {
+    std::string piece;
+    if (child->GetModifiedSQL(path, piece) != SQL_OK) continue;
+    Trim(piece);
+    if (piece.empty()) continue;
+    TrimRight(text);
+    text += ' ';
+    text += piece;
+  }
+  postModifiedSQL(path, text);
+  if (m_cbAfterPostfix != nullptr) m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr);
+  return SQL_OK;
+}
+
+int CSQLContainer::SetValue(const char* path, const char* value) {
+  if (path == nullptr) return SQL_NOT_FOUND;
+  return CSQLClause::SetValue(path, value);
+}
+
+int CSQLContainer::SetInit(const char* path, const char* value) {
+  if (path == nullptr) return SQL_NOT_FOUND;
+  return CSQLClause::SetInit(path, value);
+}
+
+CSQLClause* CSQLContainer::GetClause(const char* path) {
+  if (path == nullptr) return nullptr;
+  return CSQLClause::GetClause(path);
+}
+
+bool CSQLContainer::IsModified(const char* path) {
+  if (path == nullptr) return false;
+  const std::string head = getAttr(path);
+  const char* rest = nextAttr(path);
+  for (auto& child : m_children) {
+    if (nameOf(child.get()) == head || head == "*") {
+      if (child->IsModified(rest)) return true;
+    } else if (isContainer(child.get())) {
+      if (child->IsModified(path)) return true;
+    }
+  }
+  return false;
+}
+
+CSQLClause* CSQLContainer::operator*() {
+  return cloneInto(new CSQLContainer(false, kLatestRelease));
+}
+
+// ---- CSQLContAND --------------------------------------------------------------------------------
+
+CSQLContAND::CSQLContAND(const char* prefix, const char* postfix) : CSQLContainer(false, kLatestRelease) {
+  m_strPrefix = orEmpty(prefix);
+  m_strPostfix = orEmpty(postfix);
+}
+
+CSQLContAND::CSQLContAND(bool /*bInit*/) : CSQLContainer(false, kLatestRelease) {}
+
+std::string CSQLContAND::GetSubType() {
+  return "AND";
+}
+
+// All children in order, by the general writer's rules.
+int CSQLContAND::GetModifiedSQL(const char* path, std::string& text) {
+  return CSQLClause::GetModifiedSQL(path, text);
+}
+
+CSQLClause* CSQLContAND::operator*() {
+  return cloneInto(new CSQLContAND(false));
+}
+
+// ---- CSQLContOR ---------------------------------------------------------------------------------
+
+CSQLContOR::CSQLContOR(const char* prefix, const char* postfix) : CSQLContainer(false, kLatestRelease) {
+  m_strPrefix = orEmpty(prefix);
+  m_strPostfix = orEmpty(postfix);
+}
+
+CSQLContOR::CSQLContOR(bool /*bInit*/) : CSQLContainer(false, kLatestRelease) {}
+
+std::string CSQLContOR::GetSubType() {
+  return "OR";
+}
+
+int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
+  if (path == nullptr) path = "*";
+  text.clear();
+  preModifiedSQL(path, text);
+  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
+    return SQL_OK;
+  const std::string head = getAttr(path);
+  const char* rest = nextAttr(path);
+  for (auto& child : m_children) {
+    std::string piece;
+    int result;
+    if (head != "*" && nameOf(child.get()) != head) {
+      if (!isContainer(child.get())) continue;
+      result = child->GetModifiedSQL(path, piece);
+    } else {
+      result = child->GetModifiedSQL(rest, piece);
+    }
+    if (result != SQL_OK) continue;
+    // The first alternative with something to write is the chosen one; the others wait for a later
+    // pass. The after-postfix callback is not called on this path.
+    Trim(piece);
+    if (!piece.empty()) joinPiece(text, piece);
+    postModifiedSQL(path, text);
+    return SQL_OK;
+  }
+  postModifiedSQL(path, text);
+  if (m_cbAfterPostfix != nullptr && m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr) == 1)
+    return SQL_OK;
+  return text.empty() ? SQL_NOTHING : SQL_OK;
+}
+
+void CSQLContOR::RefreshUsed() {
+  for (auto& child : m_children) {
+    if (!child->hasUnused()) resetUsedAttrs();
+  }
+}
+
+CSQLClause* CSQLContOR::operator*() {
+  return cloneInto(new CSQLContOR(false));
+}
+
+}  // namespace qarvelt
