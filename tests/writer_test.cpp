@@ -192,6 +192,10 @@ const WriterCase kCases[] = {
      " a"},
 };
 
+void PrintTo(const WriterCase& c, std::ostream* os) {
+  *os << c.name;
+}
+
 class Writer : public ::testing::TestWithParam<WriterCase> {};
 
 TEST_P(Writer, WritesExactText) {
@@ -222,6 +226,10 @@ struct DataTypeCase {
   const char* unit;
   const char* text;
 };
+
+void PrintTo(const DataTypeCase& c, std::ostream* os) {
+  *os << c.text;
+}
 
 class DataType : public ::testing::TestWithParam<DataTypeCase> {};
 
