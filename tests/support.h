@@ -4,7 +4,11 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
 
 #include <qarvelt/qarvelt.h>
 
@@ -47,6 +51,59 @@ template <class T, class... Children>
 std::unique_ptr<T> with(std::unique_ptr<T> parent, Children&&... children) {
   (parent->AddAttr(nullptr, std::unique_ptr<CSQLClause>(std::forward<Children>(children))), ...);
   return parent;
+}
+
+// One value given to a tree: SetInit(path, init) first when init is given, then SetValue(path, value).
+struct Set {
+  const char* path;
+  const char* value;
+  const char* init = nullptr;
+};
+
+// A table-driven case for clause and statement trees: a tree, the values set by path, the text
+// expected from GetModifiedSQL (trimmed, as a parent or a host reads it).
+struct TreeCase {
+  const char* name;
+  std::function<std::unique_ptr<CSQLClause>()> make;
+  std::vector<Set> values;
+  const char* text;
+  const char* path = "*";
+};
+
+inline void PrintTo(const TreeCase& c, std::ostream* os) {
+  *os << c.name;
+}
+
+// gtest parameter names from case names.
+inline std::string caseName(const ::testing::TestParamInfo<TreeCase>& info) {
+  std::string name = info.param.name;
+  for (char& ch : name) {
+    if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
+  }
+  return name;
+}
+
+inline std::string trimmed(std::string text) {
+  Trim(text);
+  return text;
+}
+
+// Fills the tree, checks the text, and checks it again through a clone of the filled tree.
+inline void checkTreeCase(const TreeCase& c) {
+  auto tree = c.make();
+  ASSERT_NE(tree, nullptr);
+  for (const Set& set : c.values) {
+    if (set.init != nullptr) ASSERT_EQ(tree->SetInit(set.path, set.init), SQL_OK) << "SetInit " << set.path;
+    ASSERT_EQ(tree->SetValue(set.path, set.value), SQL_OK) << "SetValue " << set.path;
+  }
+  auto clone = tree->Clone();
+  EXPECT_EQ(trimmed(write(*tree, c.path).text), c.text);
+  EXPECT_EQ(trimmed(write(*clone, c.path).text), c.text) << "through a clone";
+}
+
+template <class T>
+std::function<std::unique_ptr<CSQLClause>()> make(int nOraVersion) {
+  return [nOraVersion] { return std::make_unique<T>(true, nOraVersion); };
 }
 
 }  // namespace qarvelt::testing

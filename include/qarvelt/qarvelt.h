@@ -7,8 +7,11 @@
 #include "qarvelt/core/attr.h"
 #include "qarvelt/core/builder.h"
 #include "qarvelt/core/clause.h"
+#include "qarvelt/core/cloneable.h"
 #include "qarvelt/core/container.h"
 #include "qarvelt/core/list.h"
+
+#include "qarvelt/clauses/storage.h"
 
 #include "qarvelt/util/util.h"
 

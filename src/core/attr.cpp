@@ -98,7 +98,7 @@ CSQLClause* CSQLAttr::operator*() {
 
 // ---- data type leaf -----------------------------------------------------------------------------
 
-CSQLAttrDataType::CSQLAttrDataType(bool bInit, int nOraVersion) : CSQLAttr(false, nOraVersion) {
+CSQLAttrDataType::CSQLAttrDataType(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
   setup("DATATYPE", bInit);
 }
 
@@ -107,8 +107,5 @@ void CSQLAttrDataType::init() {
   attach(this, And({"(", ")"}, leaf("LENGTH"), leaf("SCALE", ","), leaf("UNIT")));
 }
 
-CSQLClause* CSQLAttrDataType::operator*() {
-  return cloneInto(new CSQLAttrDataType(false, kLatestRelease));
-}
 
 }  // namespace qarvelt

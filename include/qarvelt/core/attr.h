@@ -8,6 +8,7 @@
 #define QARVELT_CORE_ATTR_H
 
 #include "qarvelt/core/clause.h"
+#include "qarvelt/core/cloneable.h"
 
 namespace qarvelt {
 
@@ -43,11 +44,9 @@ class CSQLAttr : public CSQLClause {
 // The data type of a column: the type name is the leaf's value, its sizes stand in a bracketed
 // container below it ("DATATYPE;LENGTH", "DATATYPE;SCALE" with prefix ",", "DATATYPE;UNIT").
 // NUMBER with length 10 and scale 2 writes NUMBER (10 ,2); VARCHAR2 30 CHAR writes VARCHAR2 (30 CHAR).
-class CSQLAttrDataType : public CSQLAttr {
+class CSQLAttrDataType : public Cloneable<CSQLAttrDataType, CSQLAttr> {
  public:
   explicit CSQLAttrDataType(bool bInit = true, int nOraVersion = kLatestRelease);
-
-  CSQLClause* operator*() override;
 
  protected:
   void init() override;

@@ -47,6 +47,7 @@
 
 #include "qarvelt/core/attr.h"
 #include "qarvelt/core/clause.h"
+#include "qarvelt/core/cloneable.h"
 #include "qarvelt/core/container.h"
 #include "qarvelt/core/list.h"
 
