@@ -93,7 +93,9 @@ inline void checkTreeCase(const TreeCase& c) {
   auto tree = c.make();
   ASSERT_NE(tree, nullptr);
   for (const Set& set : c.values) {
-    if (set.init != nullptr) ASSERT_EQ(tree->SetInit(set.path, set.init), SQL_OK) << "SetInit " << set.path;
+    if (set.init != nullptr) {
+      ASSERT_EQ(tree->SetInit(set.path, set.init), SQL_OK) << "SetInit " << set.path;
+    }
     ASSERT_EQ(tree->SetValue(set.path, set.value), SQL_OK) << "SetValue " << set.path;
   }
   auto clone = tree->Clone();

@@ -11,6 +11,8 @@
 #include "qarvelt/core/container.h"
 #include "qarvelt/core/list.h"
 
+#include "qarvelt/clauses/lob.h"
+#include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
 
 #include "qarvelt/util/util.h"

@@ -1,0 +1,416 @@
+#include "qarvelt/clauses/partition.h"
+
+#include "qarvelt/clauses/storage.h"
+#include "qarvelt/core/builder.h"
+
+namespace qarvelt {
+
+using namespace build;
+
+// ---- the parts of a partitioning clause that have no class of their own in the interface --------
+
+namespace {
+
+// "C_RANGE_PART": PARTITION BY RANGE (A) (PARTITION P1 ..., PARTITION P2 ...).
+class CSQLClauseRangePart : public Cloneable<CSQLClauseRangePart> {
+ public:
+  explicit CSQLClauseRangePart(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_RANGE_PART", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_LIST_PART": PARTITION BY LIST (C) (PARTITION P1 VALUES ( ... ), ...).
+class CSQLClauseListPart : public Cloneable<CSQLClauseListPart> {
+ public:
+  explicit CSQLClauseListPart(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_LIST_PART", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_COMPOSITE_PART": PARTITION BY RANGE (A), the subpartitioning, then the range partitions.
+class CSQLClauseCompositePart : public Cloneable<CSQLClauseCompositePart> {
+ public:
+  explicit CSQLClauseCompositePart(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_COMPOSITE_PART", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_BY_QUANTITY": PARTITIONS 4 STORE IN (T1,T2) and the overflow tablespaces.
+class CSQLClauseByQuantity : public Cloneable<CSQLClauseByQuantity> {
+ public:
+  explicit CSQLClauseByQuantity(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_BY_QUANTITY", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_SUBPART_TEMPLATE": the subpartitions every partition gets (CSubSQLItemTemplate items), or a
+// partition-level subpartitioning.
+class CSQLClauseSubpartTemplate : public Cloneable<CSQLClauseSubpartTemplate> {
+ public:
+  explicit CSQLClauseSubpartTemplate(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_SUBPART_TEMPLATE", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_SUBPART_BY_LIST": SUBPARTITION BY LIST (C) and a template.
+class CSQLClauseSubpartByList : public Cloneable<CSQLClauseSubpartByList> {
+ public:
+  explicit CSQLClauseSubpartByList(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_SUBPART_BY_LIST", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_SUBPART_BY_HASH": SUBPARTITION BY HASH (B), then a number of subpartitions or a template.
+class CSQLClauseSubpartByHash : public Cloneable<CSQLClauseSubpartByHash> {
+ public:
+  explicit CSQLClauseSubpartByHash(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_SUBPART_BY_HASH", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// A bracketed, comma-separated list: key columns, bounds, tablespaces, partitions.
+Node commaList(const char* name, const char* prefix = "(") {
+  return list(name, ",", prefix, ")");
+}
+
+// SUBPARTITIONS 4 STORE IN (T1,T2): "QUANTITY" and its tablespaces "QUANTITY;LIST".
+Node subpartitionsByQuantity() {
+  return And({"SUBPARTITIONS", ""}, leaf("QUANTITY").with(commaList("LIST", "STORE IN (")));
+}
+
+// What the attributes of a partition, and of its overflow segment, may change.
+Node segmentChanges(int nOraVersion) {
+  return And(clause<CSQLClausePhysicalAttr>(nOraVersion),
+             leaf("LOGGING"),
+             clause<CSQLClauseAllocateExtent>(7),
+             clause<CSQLClauseDeallocateUnused>(7));
+}
+
+}  // namespace
+
+// ---- PARTITION BY ... ---------------------------------------------------------------------------
+
+CSQLClauseTablePartition::CSQLClauseTablePartition(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_TABLE_PART", bInit);
+}
+
+void CSQLClauseTablePartition::init() {
+  const int v = GetOraVersion();
+  if (v < 3) {
+    attach(this, clause<CSQLClauseRangePart>(v));
+    return;
+  }
+  attach(this,
+         Or(clause<CSQLClauseRangePart>(v),
+            clause<CSQLClauseHashPart>(v),
+            when(v >= 6, clause<CSQLClauseListPart>(v)),
+            clause<CSQLClauseCompositePart>(v)));
+}
+
+void CSQLClauseRangePart::init() {
+  attach(this, And({"PARTITION BY RANGE", ""}, commaList("LIST"), commaList("LISTSUB")));
+}
+
+CSQLClauseHashPart::CSQLClauseHashPart(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_HASH_PART", bInit);
+}
+
+void CSQLClauseHashPart::init() {
+  attach(this,
+         And({"PARTITION BY HASH", ""},
+             commaList("LIST"),
+             Or(commaList("LISTSUB"), clause<CSQLClauseByQuantity>(7))));
+}
+
+void CSQLClauseByQuantity::init() {
+  attach(this,
+         leaf("QUANTITY", "PARTITIONS "),
+         commaList("LIST", "STORE IN ("),
+         commaList("LISTOVERFLOW", "OVERFOLW STORE IN ("));
+}
+
+void CSQLClauseListPart::init() {
+  attach(this, And({"PARTITION BY LIST", ""}, leaf("COLUMN", "(", "", ")"), commaList("LIST")));
+}
+
+void CSQLClauseCompositePart::init() {
+  attach(this,
+         And({"PARTITION BY RANGE", ""},
+             commaList("LIST"),
+             Or(clause<CSQLClauseSubpartByList>(7), clause<CSQLClauseSubpartByHash>(7)),
+             commaList("LISTSUB")));
+}
+
+// The column leaf closes its own bracket, so the template follows it as a sibling.
+void CSQLClauseSubpartByList::init() {
+  attach(this, leaf("COLUMN", "SUBPARTITION BY LIST (", "", ")"), clause<CSQLClauseSubpartTemplate>(7));
+}
+
+void CSQLClauseSubpartByHash::init() {
+  attach(this,
+         And({"SUBPARTITION BY HASH", ""},
+             commaList("LIST"),
+             Or(subpartitionsByQuantity(), clause<CSQLClauseSubpartTemplate>(7))));
+}
+
+void CSQLClauseSubpartTemplate::init() {
+  attach(this, Or(commaList("LIST"), clause<CSQLClausePartLevelSubpart>(7)));
+}
+
+CSQLClausePartLevelSubpart::CSQLClausePartLevelSubpart(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_PART_LEVEL_SUBPART", bInit);
+}
+
+void CSQLClausePartLevelSubpart::init() {
+  attach(
+      this,
+      Or(leaf("SUBPARTITIONS", "SUBPARTITIONS ").with(commaList("LIST", "STORE IN (")), commaList("LIST")));
+}
+
+// ---- partition items ----------------------------------------------------------------------------
+
+CSQLClauseTablePartition::CSubSQLItemRange::CSubSQLItemRange(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemRange::CSubSQLItemRange(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("", bInit);
+}
+
+void CSQLClauseTablePartition::CSubSQLItemRange::init() {
+  attach(this,
+         And({"PARTITION", ""},
+             leaf("PARTITION"),
+             clause<CSQLClauseRangeValues>(7),
+             clause<CSQLClauseTabPartitionDesc>(7),
+             Or(subpartitionsByQuantity(), clause<CSQLClauseSubpartTemplate>(7))));
+}
+
+CSQLClauseTablePartition::CSubSQLItemHash::CSubSQLItemHash(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemHash::CSubSQLItemHash(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("", bInit);
+}
+
+void CSQLClauseTablePartition::CSubSQLItemHash::init() {
+  attach(this, leaf("PARTITION", "PARTITION "), clause<CSQLClausePartitionStorage>(7));
+}
+
+CSQLClauseTablePartition::CSubSQLItemList::CSubSQLItemList(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemList::CSubSQLItemList(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("", bInit);
+}
+
+void CSQLClauseTablePartition::CSubSQLItemList::init() {
+  attach(this,
+         And({"PARTITION", ""},
+             leaf("PARTITION"),
+             clause<CSQLClauseListValues>(7),
+             clause<CSQLClauseTabPartitionDesc>(7)));
+}
+
+CSQLClauseTablePartition::CSubSQLItemTemplate::CSubSQLItemTemplate(const char* name)
+    : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemTemplate::CSubSQLItemTemplate(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("", bInit);
+}
+
+void CSQLClauseTablePartition::CSubSQLItemTemplate::init() {
+  attach(this,
+         leaf("SUBPARTITION", "SUBPARTITION "),
+         clause<CSQLClauseListValues>(7),
+         clause<CSQLClausePartitionStorage>(7));
+}
+
+// ---- partition and subpartition specifications --------------------------------------------------
+
+CSQLClausePartitionSpec::CSQLClausePartitionSpec(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClausePartitionSpec::CSQLClausePartitionSpec(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_PARTITION_SPEC", bInit);
+}
+
+void CSQLClausePartitionSpec::init() {
+  attach(this, And({"PARTITION", ""}, leaf("PARTITION"), clause<CSQLClauseTabPartitionDesc>(7)));
+}
+
+CSQLClauseSubPartitionSpec::CSQLClauseSubPartitionSpec(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseSubPartitionSpec::CSQLClauseSubPartitionSpec(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_SUBPARTITION_SPEC", bInit);
+}
+
+void CSQLClauseSubPartitionSpec::init() {
+  attach(this,
+         And({"SUBPARTITION", ""},
+             leaf("SUBPARTITION"),
+             clause<CSQLClauseListValues>(7),
+             clause<CSQLClausePartitionStorage>(7)));
+}
+
+// ---- bounds -------------------------------------------------------------------------------------
+
+CSQLClauseRangeValues::CSQLClauseRangeValues(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_RANGEVALUES", bInit);
+}
+
+void CSQLClauseRangeValues::init() {
+  attach(this, commaList("LIST", "VALUES LESS THAN ("));
+}
+
+CSQLClauseListValues::CSQLClauseListValues(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_LISTVALUES", bInit);
+}
+
+void CSQLClauseListValues::init() {
+  attach(this, Or({"VALUES (", ")"}, list("LIST", ",", "", ""), leaf("DEFAULT")));
+}
+
+// ---- storage and attributes of a partition ------------------------------------------------------
+
+CSQLClausePartitionStorage::CSQLClausePartitionStorage(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_PARTITION_STORAGE", bInit);
+}
+
+// The varray leaf writes its segment name (a child) before its postfix " STORE AS LOB"; hosts fill
+// the leaves accordingly.
+void CSQLClausePartitionStorage::init() {
+  attach(this,
+         leaf("TABLESPACE", "TABLESPACE "),
+         leaf("OVERFLOW").with(leaf("TABLESPACE", "TABLESPACE ")),
+         list("LIST", " ", "", ""),
+         leaf("VARRAY", "VARRAY ", "", " STORE AS LOB").with(leaf("LOB_SEGNAME")));
+}
+
+CSQLClausePartitionStorage::CSubSQLItemLOB::CSubSQLItemLOB(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClausePartitionStorage::CSubSQLItemLOB::CSubSQLItemLOB(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("", bInit);
+}
+
+void CSQLClausePartitionStorage::CSubSQLItemLOB::init() {
+  attach(this,
+         leaf("LOB").with(leaf("LOBITEM", "LOB (", "", ") STORE AS"),
+                          Or(leaf("LOB_SEGNAME").with(leaf("TABLESPACE", "(TABLESPACE ", "", ")")),
+                             leaf("TABLESPACE", "(TABLESPACE ", "", ")"))));
+}
+
+CSQLClausePartitionAttribute::CSQLClausePartitionAttribute(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("C_PARTITION_ATTRIBUTE", bInit);
+}
+
+void CSQLClausePartitionAttribute::init() {
+  attach(this,
+         segmentChanges(GetOraVersion()),
+         leaf("OVERFLOW").with(segmentChanges(GetOraVersion())),
+         leaf("COMPRESS"),
+         list("LIST", " ", "", ""));
+}
+
+CSQLClauseTabPartitionDesc::CSQLClauseTabPartitionDesc(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_TAB_PART_DESC", bInit);
+}
+
+void CSQLClauseTabPartitionDesc::init() {
+  attach(this,
+         clause<CSQLClauseSegmentAttribute>(7),
+         leaf("COMPRESS"),
+         clause<CSQLClauseKeyCompression>(7),
+         leaf("OVERFLOW", "OVERFLOW ").with(clause<CSQLClauseSegmentAttribute>(7)),
+         list("LIST", " ", "", ""),
+         clause<CSQLClausePartLevelSubpart>(7));
+}
+
+// ---- global partitioned indexes -----------------------------------------------------------------
+
+CSQLClauseGlobalPartitioning::CSQLClauseGlobalPartitioning(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("C_GLOBAL_PARTITIONING", bInit);
+}
+
+void CSQLClauseGlobalPartitioning::init() {
+  attach(this,
+         And({"PARTITION ", ""},
+             leaf("PARTITION"),
+             commaList("LIST", "VALUES LESS THAN ("),
+             clause<CSQLClauseSegmentAttribute>(7)));
+}
+
+CSQLClauseGlobalPartitionIndex::CSQLClauseGlobalPartitionIndex(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("C_GLOBAL_PART_IDX", bInit);
+}
+
+void CSQLClauseGlobalPartitionIndex::init() {
+  attach(this,
+         And({"GLOBAL PARTITION BY RANGE ", ""},
+             commaList("LIST"),
+             And({"(", ")"}, clause<CSQLClauseGlobalPartitioning>(7))));
+}
+
+// ---- ADD SUBPARTITION ---------------------------------------------------------------------------
+
+CSQLClauseAddHashSubPartition::CSQLClauseAddHashSubPartition(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("C_ADD_HASH_SUBPART", bInit);
+}
+
+void CSQLClauseAddHashSubPartition::init() {
+  attach(this,
+         And({"ADD ", ""},
+             clause<CSQLClauseSubPartitionSpec>(7),
+             leaf("UPDATE", "", "", " GLOBAL INDEXES"),
+             clause<CSQLClauseParallel>(7)));
+}
+
+CSQLClauseAddListSubPartition::CSQLClauseAddListSubPartition(bool bInit, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup("C_ADD_LIST_SUBPART", bInit);
+}
+
+void CSQLClauseAddListSubPartition::init() {
+  attach(this, And({"ADD ", ""}, clause<CSQLClauseSubPartitionSpec>(7)));
+}
+
+}  // namespace qarvelt
