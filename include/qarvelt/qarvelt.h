@@ -11,9 +11,12 @@
 #include "qarvelt/core/container.h"
 #include "qarvelt/core/list.h"
 
+#include "qarvelt/clauses/column.h"
+#include "qarvelt/clauses/constraint.h"
 #include "qarvelt/clauses/lob.h"
 #include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
+#include "qarvelt/clauses/table_props.h"
 
 #include "qarvelt/util/util.h"
 
