@@ -10,11 +10,10 @@ namespace {
 using namespace qarvelt;
 
 // One column item of a column list: name, data type and default.
-class Column : public CSQLClause {
+class Column : public Cloneable<Column> {
  public:
-  explicit Column(const char* name) : CSQLClause(false, 7) { setup(name, true); }
-  Column(bool bInit, int nOraVersion) : CSQLClause(false, nOraVersion) { setup("", bInit); }
-  CSQLClause* operator*() override { return cloneInto(new Column(false, 7)); }
+  explicit Column(const char* name) : Cloneable(7) { setup(name, true); }
+  Column(bool bInit, int nOraVersion) : Cloneable(nOraVersion) { setup("", bInit); }
 
  protected:
   void init() override {

@@ -13,12 +13,11 @@ using namespace qarvelt;
 namespace {
 
 // PCTFREE, PCTUSED, INITRANS and MAXTRANS of a table.
-class PhysicalAttributes : public CSQLClause {
+class PhysicalAttributes : public Cloneable<PhysicalAttributes> {
  public:
-  explicit PhysicalAttributes(bool bInit = true, int nOraVersion = 7) : CSQLClause(false, nOraVersion) {
+  explicit PhysicalAttributes(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
     setup("C_PHYSICAL_ATTRIBUTES", bInit);
   }
-  CSQLClause* operator*() override { return cloneInto(new PhysicalAttributes(false)); }
 
  protected:
   void init() override {
@@ -32,12 +31,11 @@ class PhysicalAttributes : public CSQLClause {
 };
 
 // The table-property alternative of ALTER TABLE: physical attributes, logging, caching.
-class TableProperty : public CSQLClause {
+class TableProperty : public Cloneable<TableProperty> {
  public:
-  explicit TableProperty(bool bInit = true, int nOraVersion = 7) : CSQLClause(false, nOraVersion) {
+  explicit TableProperty(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
     setup("C_ALT_TABLE_PROPERTY", bInit);
   }
-  CSQLClause* operator*() override { return cloneInto(new TableProperty(false)); }
 
  protected:
   void init() override {
@@ -47,12 +45,11 @@ class TableProperty : public CSQLClause {
 };
 
 // ALTER TABLE schema.table with one alteration per statement: table properties or a rename.
-class AlterTable : public CSQLClause {
+class AlterTable : public Cloneable<AlterTable> {
  public:
-  explicit AlterTable(bool bInit = true, int nOraVersion = 7) : CSQLClause(false, nOraVersion) {
+  explicit AlterTable(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
     setup("C_ALTER_TABLE", bInit);
   }
-  CSQLClause* operator*() override { return cloneInto(new AlterTable(false)); }
 
  protected:
   void init() override {
@@ -76,11 +73,10 @@ class AlterTable : public CSQLClause {
 };
 
 // One column of a CREATE TABLE column list: its name and data type.
-class ColumnItem : public CSQLClause {
+class ColumnItem : public Cloneable<ColumnItem> {
  public:
-  explicit ColumnItem(const char* name) : CSQLClause(false, 7) { setup(name, true); }
-  explicit ColumnItem(bool bInit, int nOraVersion) : CSQLClause(false, nOraVersion) { setup("", bInit); }
-  CSQLClause* operator*() override { return cloneInto(new ColumnItem(false, 7)); }
+  explicit ColumnItem(const char* name) : Cloneable(7) { setup(name, true); }
+  explicit ColumnItem(bool bInit, int nOraVersion) : Cloneable(nOraVersion) { setup("", bInit); }
 
  protected:
   void init() override {
@@ -89,12 +85,11 @@ class ColumnItem : public CSQLClause {
   }
 };
 
-class CreateTable : public CSQLClause {
+class CreateTable : public Cloneable<CreateTable> {
  public:
-  explicit CreateTable(bool bInit = true, int nOraVersion = 7) : CSQLClause(false, nOraVersion) {
+  explicit CreateTable(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
     setup("C_CREATE_TABLE", bInit);
   }
-  CSQLClause* operator*() override { return cloneInto(new CreateTable(false)); }
 
  protected:
   void init() override {

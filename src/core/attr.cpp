@@ -107,5 +107,4 @@ void CSQLAttrDataType::init() {
   attach(this, And({"(", ")"}, leaf("LENGTH"), leaf("SCALE", ","), leaf("UNIT")));
 }
 
-
 }  // namespace qarvelt

@@ -151,17 +151,24 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
   }
 }
 
-int CSQLClause::GetModifiedSQL(const char* path, std::string& text) {
-  if (path == nullptr) path = "*";
+bool CSQLClause::beginText(const char* path, std::string& text) {
   text.clear();
   preModifiedSQL(path, text);
-  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
-    return SQL_OK;
-  writeChildren(path, text);
+  return m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1;
+}
+
+int CSQLClause::endText(const char* path, std::string& text) {
   postModifiedSQL(path, text);
   if (m_cbAfterPostfix != nullptr && m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr) == 1)
     return SQL_OK;
   return text.empty() ? SQL_NOTHING : SQL_OK;
+}
+
+int CSQLClause::GetModifiedSQL(const char* path, std::string& text) {
+  if (path == nullptr) path = "*";
+  if (beginText(path, text)) return SQL_OK;
+  writeChildren(path, text);
+  return endText(path, text);
 }
 
 // ---- path walks ---------------------------------------------------------------------------------

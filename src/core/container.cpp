@@ -28,10 +28,7 @@ int CSQLContainer::postModifiedSQL(const char* /*path*/, std::string& text) {
 
 int CSQLContainer::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
-  text.clear();
-  preModifiedSQL(path, text);
-  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
-    return SQL_OK;
+  if (beginText(path, text)) return SQL_OK;
   for (auto& child : m_children) {
     std::string piece;
     if (child->GetModifiedSQL(path, piece) != SQL_OK) continue;
@@ -41,8 +38,7 @@ int CSQLContainer::GetModifiedSQL(const char* path, std::string& text) {
     text += ' ';
     text += piece;
   }
-  postModifiedSQL(path, text);
-  if (m_cbAfterPostfix != nullptr) m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr);
+  endText(path, text);  // the plain container reports text even when there is none
   return SQL_OK;
 }
 
@@ -116,10 +112,7 @@ std::string CSQLContOR::GetSubType() {
 
 int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
-  text.clear();
-  preModifiedSQL(path, text);
-  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
-    return SQL_OK;
+  if (beginText(path, text)) return SQL_OK;
   const std::string head = getAttr(path);
   const char* rest = nextAttr(path);
   for (auto& child : m_children) {
@@ -139,10 +132,7 @@ int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
     postModifiedSQL(path, text);
     return SQL_OK;
   }
-  postModifiedSQL(path, text);
-  if (m_cbAfterPostfix != nullptr && m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr) == 1)
-    return SQL_OK;
-  return text.empty() ? SQL_NOTHING : SQL_OK;
+  return endText(path, text);
 }
 
 void CSQLContOR::RefreshUsed() {

@@ -35,10 +35,7 @@ int CSQLList::postModifiedSQL(const char* /*path*/, std::string& text) {
 
 int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
-  text.clear();
-  preModifiedSQL(path, text);
-  if (m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1)
-    return SQL_OK;
+  if (beginText(path, text)) return SQL_OK;
   const std::string head = getAttr(path);
   const char* rest = nextAttr(path);
   for (std::size_t i = 0; i < m_children.size(); ++i) {
@@ -56,10 +53,7 @@ int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
     text += m_strSeparator;
     text += piece;
   }
-  postModifiedSQL(path, text);
-  if (m_cbAfterPostfix != nullptr && m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr) == 1)
-    return SQL_OK;
-  return text.empty() ? SQL_NOTHING : SQL_OK;
+  return endText(path, text);
 }
 
 int CSQLList::RemoveAttr(const char* path) {

@@ -131,6 +131,12 @@ class CSQLClause {
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
   CSQLClause* cloneInto(CSQLClause* fresh);
+  // The first steps of every writer: empty the text, write the prefix, call the after-prefix callback.
+  // True when the callback finished the node (the writer then returns 0 at once).
+  bool beginText(const char* path, std::string& text);
+  // The last steps: the postfix, the after-postfix callback, and the result (0 when the callback
+  // finished the node or text was written, else 2).
+  int endText(const char* path, std::string& text);
   // Writes the children that `path` selects and joins their pieces into `text` (one blank, or none
   // after "(" or "."): the middle step of the general writer.
   void writeChildren(const char* path, std::string& text);
