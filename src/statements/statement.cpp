@@ -1,0 +1,26 @@
+#include "qarvelt/statements/statement.h"
+
+namespace qarvelt {
+
+int WriteCreateHead(std::string& text) {
+  text = "CREATE";
+  return SQL_OK;
+}
+
+int WriteAlterHead(std::string& text, const char* verb) {
+  text = verb != nullptr ? verb : "";
+  return SQL_OK;
+}
+
+int DropEmptyAlter(CSQLClause& root, std::string& text, const char* verb, const char* nameLeaf) {
+  const std::string head = verb != nullptr ? verb : "";
+  auto valueOf = [&root](const char* path) {
+    CSQLClause* leaf = root.GetClause(path);
+    return leaf != nullptr ? leaf->GetValue() : std::string();
+  };
+  const std::string bareHead = head + " " + valueOf("SCHEMA") + "." + valueOf(nameLeaf);
+  if (text == head || text == bareHead) text.clear();
+  return SQL_OK;
+}
+
+}  // namespace qarvelt
