@@ -13,10 +13,16 @@
 
 #include "qarvelt/clauses/column.h"
 #include "qarvelt/clauses/constraint.h"
+#include "qarvelt/clauses/index_attributes.h"
 #include "qarvelt/clauses/lob.h"
 #include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/clauses/table_props.h"
+
+#include "qarvelt/statements/create_index.h"
+#include "qarvelt/statements/create_simple.h"
+#include "qarvelt/statements/create_table.h"
+#include "qarvelt/statements/statement.h"
 
 #include "qarvelt/util/util.h"
 

@@ -2,6 +2,9 @@
 
 #include <cctype>
 #include <cstring>
+#include <functional>
+#include <unordered_map>
+#include <utility>
 
 namespace qarvelt {
 
@@ -288,8 +291,35 @@ void CSQLClause::Copy(CSQLClause* target) {
   target->m_nOraVersion = m_nOraVersion;
   // Counted first, so that copying a node into itself terminates.
   const std::size_t count = m_children.size();
+  const std::size_t offset = target->m_children.size();
   for (std::size_t i = 0; i < count; ++i) {
     if (CSQLClause* clone = m_children[i]->operator*()) target->m_children.emplace_back(clone);
+  }
+  if (target != this && target->m_children.size() == offset + count) relinkCopies(target, offset);
+}
+
+// A link between two nodes of the copied subtree (the ON COMMIT leaf of CREATE TABLE linked to its
+// TEMPORARY leaf) is pointed at the copies, so that a clone never refers into its source. Links to
+// nodes outside the subtree keep their pointer.
+void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset) {
+  std::unordered_map<const CSQLClause*, CSQLClause*> copies;
+  std::vector<std::pair<CSQLClause*, CSQLClause*>> pairs;
+  bool linked = false;
+  std::function<void(CSQLClause*, CSQLClause*)> pair = [&](CSQLClause* from, CSQLClause* to) {
+    copies[from] = to;
+    pairs.emplace_back(from, to);
+    linked = linked || from->m_pLinked != nullptr;
+    if (from->m_children.size() != to->m_children.size()) return;
+    for (std::size_t i = 0; i < from->m_children.size(); ++i)
+      pair(from->m_children[i].get(), to->m_children[i].get());
+  };
+  copies[this] = target;
+  for (std::size_t i = 0; i < m_children.size(); ++i)
+    pair(m_children[i].get(), target->m_children[offset + i].get());
+  if (!linked) return;
+  for (auto& [from, to] : pairs) {
+    auto found = copies.find(from->m_pLinked);
+    if (found != copies.end()) to->m_pLinked = found->second;
   }
 }
 

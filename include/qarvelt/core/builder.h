@@ -20,6 +20,8 @@
 //   list(name, separator, prefix, postfix)          a list for host-appended items
 //   clause<T>(nOraVersion)                          a nested clause, built as T(true, nOraVersion)
 //   node(pointer)                                   any other node, built by hand (takes ownership)
+//   named(name, children...)                        a named clause node of no class of its own, holding
+//                                                   the children ("C_ON_RANGE" of CREATE INDEX)
 //   when(condition, node)                           a release-code gate: the node, or nothing
 //   attach(parent, children...)                     appends the children to parent, in order
 //
@@ -52,6 +54,16 @@
 #include "qarvelt/core/list.h"
 
 namespace qarvelt::build {
+
+// A clause node that is only a name and its children: the sub-clauses that need a path segment but
+// no behaviour of their own. Its clone copies name and children like any node's.
+class NamedNode : public Cloneable<NamedNode> {
+ public:
+  explicit NamedNode(const char* name) : Cloneable(kLatestRelease) { setup(name, false); }
+  explicit NamedNode(bool bInit = true, int nOraVersion = kLatestRelease) : Cloneable(nOraVersion) {
+    setup("", bInit);
+  }
+};
 
 class Node {
  public:
@@ -104,6 +116,11 @@ inline Node node(CSQLClause* raw) {
 template <class T>
 Node clause(int nOraVersion) {
   return Node(std::make_unique<T>(true, nOraVersion));
+}
+
+template <class... Children>
+Node named(const char* name, Children&&... children) {
+  return Node(std::make_unique<NamedNode>(name)).with(std::forward<Children>(children)...);
 }
 
 inline Node when(bool condition, Node node) {

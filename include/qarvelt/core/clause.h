@@ -131,6 +131,8 @@ class CSQLClause {
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
   CSQLClause* cloneInto(CSQLClause* fresh);
+  // After Copy: links between nodes of the copied subtree are pointed at the copies.
+  void relinkCopies(CSQLClause* target, std::size_t offset);
   // The first steps of every writer: empty the text, write the prefix, call the after-prefix callback.
   // True when the callback finished the node (the writer then returns 0 at once).
   bool beginText(const char* path, std::string& text);
