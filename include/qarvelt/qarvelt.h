@@ -19,6 +19,10 @@
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/clauses/table_props.h"
 
+#include "qarvelt/statements/alter_index.h"
+#include "qarvelt/statements/alter_table.h"
+#include "qarvelt/statements/alter_table_partition.h"
+#include "qarvelt/statements/alter_table_props.h"
 #include "qarvelt/statements/create_index.h"
 #include "qarvelt/statements/create_simple.h"
 #include "qarvelt/statements/create_table.h"
