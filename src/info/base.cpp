@@ -1,0 +1,94 @@
+#include "qarvelt/info/base.h"
+
+#include <cstring>
+
+namespace qarvelt {
+
+namespace {
+
+// The value returned for names a record never registered.
+CSQLValue& sharedEmptyValue() {
+  static CSQLValue empty("", "", "");
+  return empty;
+}
+
+}  // namespace
+
+CSQLInfoBase::CSQLInfoBase() {
+  init();
+}
+
+CSQLInfoBase::~CSQLInfoBase() = default;
+
+void CSQLInfoBase::init() {}
+
+void CSQLInfoBase::registerValues(std::initializer_list<const char*> types) {
+  for (const char* type : types)
+    m_values.push_back(std::make_unique<CSQLValue>(type, "", ""));
+}
+
+void CSQLInfoBase::registerValue(std::unique_ptr<CSQLValue> value) {
+  if (value != nullptr) m_values.push_back(std::move(value));
+}
+
+CSQLValue& CSQLInfoBase::GetSQLValue(const char* type) {
+  if (type != nullptr) {
+    for (auto& value : m_values) {
+      if (*value == type) return *value;
+    }
+  }
+  CSQLValue& empty = sharedEmptyValue();
+  empty = CSQLValue("", "", "");  // whatever a careless caller did to it
+  return empty;
+}
+
+void CSQLInfoBase::SetSQLValue(const char* type, const char* value, const char* init) {
+  if (type == nullptr) return;
+  for (auto& entry : m_values) {
+    if (!(*entry == type)) continue;
+    if (init == nullptr) {
+      entry->SetValue(value);
+    } else {
+      entry->SetInit(init);
+      if (value != nullptr && *value != '\0') entry->SetValue(value);
+    }
+    return;
+  }
+}
+
+int CSQLInfoBase::BuildSQL(std::string /*what*/,
+                           CSQLClause* /*clause*/,
+                           CSQLClause* /*statement*/,
+                           std::vector<std::string>* /*out*/,
+                           const char* /*extra*/) {
+  return 0;
+}
+
+bool CSQLInfoBase::IsModified(const char* type) {
+  if (type != nullptr) {
+    for (auto& value : m_values) {
+      if (*value == type) return value->IsModified();
+    }
+    return false;
+  }
+  for (auto& value : m_values) {
+    if (value->IsModified()) return true;
+  }
+  return false;
+}
+
+bool CSQLInfoBase::IsModifiedExcept(const char* prefix) {
+  const std::string skip = prefix != nullptr ? prefix : "";
+  for (auto& value : m_values) {
+    if (value->GetType().compare(0, skip.size(), skip) == 0) continue;
+    if (value->IsModified()) return true;
+  }
+  return false;
+}
+
+void CSQLInfoBase::Reset() {
+  for (auto& value : m_values)
+    value->Reset();
+}
+
+}  // namespace qarvelt
