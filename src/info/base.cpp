@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "qarvelt/core/clause.h"
+
 namespace qarvelt {
 
 namespace {
@@ -84,6 +86,19 @@ bool CSQLInfoBase::IsModifiedExcept(const char* prefix) {
     if (value->IsModified()) return true;
   }
   return false;
+}
+
+void CSQLInfoBase::renderAndClear(CSQLClause* statement,
+                                  const char* path,
+                                  CSQLClause* node,
+                                  std::vector<std::string>* out) {
+  if (statement != nullptr && out != nullptr) {
+    std::string text;
+    statement->GetModifiedSQL(path, text);
+    Trim(text);
+    if (!text.empty()) out->push_back(text);
+  }
+  if (node != nullptr) node->Clear();
 }
 
 void CSQLInfoBase::Reset() {

@@ -57,6 +57,12 @@ class CSQLInfoBase {
   void setName(const char* name) { m_strName = name != nullptr ? name : ""; }
   // The change of a value (its current text when modified, else ""), by type.
   std::string changeOf(const char* type) { return *GetSQLValue(type); }
+  // Writes `statement` along `path`, trims the text on both sides, appends it to `out` when it is not
+  // empty, then clears `node` (the part of the tree just used) for the next statement.
+  static void renderAndClear(CSQLClause* statement,
+                             const char* path,
+                             CSQLClause* node,
+                             std::vector<std::string>* out);
 
   std::string m_strClass;
   std::string m_strName;

@@ -8,6 +8,15 @@
 
 namespace qarvelt {
 
+class CSQLAlterIndex;
+class CSQLAlterTable;
+class CSQLInfoColumns;
+class CSQLInfoConstraints;
+class CSQLInfoIndex;
+class CSQLInfoLOBPartitions;
+class CSQLInfoPartitions;
+class CSQLInfoTable;
+
 class CSQLUtil {
  public:
   // The data types of Oracle columns for a release code, in catalogue order (not sorted). The array is
@@ -45,6 +54,41 @@ class CSQLUtil {
   static int IsValidParallel(const char* value);
   static int IsValidRecordPerBlock(const char* value);
   static int IsValidSize(const char* value);
+
+  // Change scripting: each entry point fills `stmt` from the records and appends to `out` the
+  // statements that the records render themselves (renames, drops, state changes, ...); the
+  // table-level statement stays in `stmt` for the caller to write with GetModifiedSQL. They return 0,
+  // 5 when a record they need is null, or the first non-zero result of a record's BuildSQL.
+  //
+  //   GenAltTable          the table's properties, then its columns (either record may be null)
+  //   GenAltTableProperty  the table's properties
+  //   GenAltColumn         added, modified, renamed, dropped and unused columns
+  //   GenAltConstraint     added, dropped, state-changed and renamed constraints
+  //   GenAltPartition      table partitions and subpartitions
+  //   GenAltLOBPartition   LOB storage of partitions
+  //   GenAltIndex          an index and its partitions, into ALTER INDEX
+  static int GenAltTable(CSQLAlterTable* stmt,
+                         std::vector<std::string>* out,
+                         CSQLInfoTable* table,
+                         CSQLInfoColumns* columns);
+  static int GenAltTableProperty(CSQLAlterTable* stmt, std::vector<std::string>* out, CSQLInfoTable* table);
+  static int GenAltColumn(CSQLAlterTable* stmt,
+                          std::vector<std::string>* out,
+                          CSQLInfoTable* table,
+                          CSQLInfoColumns* columns);
+  static int GenAltConstraint(CSQLAlterTable* stmt,
+                              std::vector<std::string>* out,
+                              CSQLInfoTable* table,
+                              CSQLInfoConstraints* constraints);
+  static int GenAltPartition(CSQLAlterTable* stmt,
+                             std::vector<std::string>* out,
+                             CSQLInfoTable* table,
+                             CSQLInfoPartitions* partitions);
+  static int GenAltLOBPartition(CSQLAlterTable* stmt,
+                                std::vector<std::string>* out,
+                                CSQLInfoTable* table,
+                                CSQLInfoLOBPartitions* lobs);
+  static int GenAltIndex(CSQLAlterIndex* stmt, std::vector<std::string>* out, CSQLInfoIndex* index);
 
   // Three blanks: an indentation unit for hosts.
   static std::string STR_SPACES;
