@@ -19,6 +19,12 @@
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/clauses/table_props.h"
 
+#include "qarvelt/info/base.h"
+#include "qarvelt/info/columns.h"
+#include "qarvelt/info/constraints.h"
+#include "qarvelt/info/table.h"
+#include "qarvelt/info/value.h"
+
 #include "qarvelt/statements/alter_index.h"
 #include "qarvelt/statements/alter_table.h"
 #include "qarvelt/statements/alter_table_partition.h"

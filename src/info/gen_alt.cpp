@@ -1,5 +1,7 @@
 #include "gen_alt.h"
 
+#include "qarvelt/info/columns.h"
+#include "qarvelt/info/constraints.h"
 #include "qarvelt/info/table.h"
 #include "qarvelt/statements/alter_table.h"
 #include "qarvelt/util/util.h"
@@ -15,6 +17,34 @@ int detail::GenAltOnSubClause(CSQLClause* stmt,
   if (const int result = table->BuildSQL("TABLE", stmt, stmt, out, nullptr)) return result;
   CSQLClause* clause = stmt != nullptr ? stmt->GetClause(subClause) : nullptr;
   return record->BuildSQL("", clause, stmt, out, nullptr);
+}
+
+int CSQLUtil::GenAltTable(CSQLAlterTable* stmt,
+                          std::vector<std::string>* out,
+                          CSQLInfoTable* table,
+                          CSQLInfoColumns* columns) {
+  if (table != nullptr) {
+    if (const int result = table->BuildSQL("", stmt, stmt, out, nullptr)) return result;
+  }
+  if (columns != nullptr) {
+    CSQLClause* clause = stmt != nullptr ? stmt->GetClause("C_COLUMN") : nullptr;
+    return columns->BuildSQL("", clause, stmt, out, nullptr);
+  }
+  return 0;
+}
+
+int CSQLUtil::GenAltColumn(CSQLAlterTable* stmt,
+                           std::vector<std::string>* out,
+                           CSQLInfoTable* table,
+                           CSQLInfoColumns* columns) {
+  return detail::GenAltOnSubClause(stmt, out, table, columns, "C_COLUMN");
+}
+
+int CSQLUtil::GenAltConstraint(CSQLAlterTable* stmt,
+                               std::vector<std::string>* out,
+                               CSQLInfoTable* table,
+                               CSQLInfoConstraints* constraints) {
+  return detail::GenAltOnSubClause(stmt, out, table, constraints, "C_CONSTRAINT");
 }
 
 int CSQLUtil::GenAltTableProperty(CSQLAlterTable* stmt, std::vector<std::string>* out, CSQLInfoTable* table) {
