@@ -22,6 +22,7 @@ build: configure
 
 run: build
 	$(BUILD_DIR)/examples/qarvelt_example
+	$(BUILD_DIR)/examples/qarvelt_schema_change
 
 test: build
 	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
