@@ -171,9 +171,8 @@ TEST(AlterTablePartition, OneOperationPerPass) {
     texts.push_back(trimmed(write(c).text));
     c.RefreshUsed();
   }
-  EXPECT_EQ(texts,
-            (std::vector<std::string>{
-                "UNUSABLE LOCAL INDEXES", "REBUILD", "DROP PARTITION P1", "RENAME PARTITION P2 TO P3"}));
+  EXPECT_EQ(texts, (std::vector<std::string>{"UNUSABLE LOCAL INDEXES", "REBUILD", "DROP PARTITION P1",
+                                             "RENAME PARTITION P2 TO P3"}));
   EXPECT_FALSE(c.IsModified("*"));
 }
 

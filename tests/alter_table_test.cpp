@@ -134,9 +134,8 @@ TEST(AlterTable, OneAlterationPerPass) {
     texts.push_back(trimmed(write(*a).text));
     a->RefreshUsed();
   } while (a->hasUnused() && texts.size() < 5);
-  EXPECT_EQ(texts,
-            (std::vector<std::string>{"ALTER TABLE SCOTT.EMP DISABLE TABLE LOCK",
-                                      "ALTER TABLE SCOTT.EMP RENAME TO EMP2"}));
+  EXPECT_EQ(texts, (std::vector<std::string>{"ALTER TABLE SCOTT.EMP DISABLE TABLE LOCK",
+                                             "ALTER TABLE SCOTT.EMP RENAME TO EMP2"}));
 }
 
 TEST(AlterTable, NestedClausesAreTheNewest) {

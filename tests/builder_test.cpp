@@ -21,18 +21,14 @@ class Sample : public CSQLClause {
  protected:
   void init() override {
     const int v = GetOraVersion();
-    attach(this,
-           leaf("SCHEMA", "", "", "."),
-           leaf("NAME"),
-           when(v >= 2, leaf("POOL", "BUFFER_POOL ")),
+    attach(this, leaf("SCHEMA", "", "", "."), leaf("NAME"), when(v >= 2, leaf("POOL", "BUFFER_POOL ")),
            v < 3 ? leaf("DEGREE", "PARALLEL (", ")")
                  : leaf("DEGREE", "PARALLEL ", "", "", &CSQLUtil::IsValidInteger),
            leaf("TEMPORARY").keep(temporary),
            Or({"", ""}, leaf("A", "A "), And(leaf("B", "B "), leaf("C", "C "))),
            leaf("EXTENT", "ALLOCATE ")
                .with(And({"(", ")"}, leaf("SIZE", "SIZE "), leaf("FILE", "DATAFILE '", "'"))),
-           list("COLUMNS", ",", "(", ")"),
-           when(v >= 6, clause<CSQLAttrDataType>(v)));
+           list("COLUMNS", ",", "(", ")"), when(v >= 6, clause<CSQLAttrDataType>(v)));
   }
 };
 
@@ -87,11 +83,8 @@ TEST(Builder, RefinementsAndEmptyNodes) {
   CSQLClause* temp = nullptr;
   Named root("R");
   attach(&root, leaf("TEMPORARY").keep(temp));
-  attach(&root,
-         leaf("COMMIT", "ON COMMIT ").linked(temp).afterPrefix(&seeLink),
-         leaf("V").validator(&CSQLUtil::IsValidInteger),
-         Node(),
-         when(false, leaf("GONE")));
+  attach(&root, leaf("COMMIT", "ON COMMIT ").linked(temp).afterPrefix(&seeLink),
+         leaf("V").validator(&CSQLUtil::IsValidInteger), Node(), when(false, leaf("GONE")));
   EXPECT_EQ(root.GetLength(), 3);
   root.SetValue("COMMIT", "DELETE ROWS");
   EXPECT_EQ(write(root).text, " ON COMMIT DELETE ROWS<TEMPORARY>");

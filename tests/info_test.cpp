@@ -172,11 +172,10 @@ TEST(ColumnScript, FullRun) {
   columns.GetColumn("B")->SetSQLValue("DEFAULT", "7");  // renamed: scripted as a rename only
   columns.GetColumn("SAL")->SetSQLValue("DEFAULT", "1", "0");
   ASSERT_EQ(columns.AddColumn("DOC", false), 0);
-  load(*columns.GetColumn("DOC"),
-       {{"NAME", "DOC", ""},
-        {"DATATYPE", "CLOB", ""},
-        {"LOB;TABLESPACE", "LOBS", ""},
-        {"LOB;CHUNK", "8192", ""}});
+  load(*columns.GetColumn("DOC"), {{"NAME", "DOC", ""},
+                                   {"DATATYPE", "CLOB", ""},
+                                   {"LOB;TABLESPACE", "LOBS", ""},
+                                   {"LOB;CHUNK", "8192", ""}});
   columns.DropColumn("X", false, false);
   columns.DropColumn("Y", false, false);
   columns.DropColumn("Z", false, true);
@@ -184,11 +183,10 @@ TEST(ColumnScript, FullRun) {
   CSQLAlterTable statement;
   Texts out;
   ASSERT_EQ(CSQLUtil::GenAltColumn(&statement, &out, &table, &columns), 0);
-  EXPECT_EQ(out,
-            (Texts{"ALTER TABLE SCOTT.EMP RENAME COLUMN A TO A2",
-                   "ALTER TABLE SCOTT.EMP RENAME COLUMN B TO B2",
-                   "ALTER TABLE SCOTT.EMP DROP (X,Y) CASCADE CONSTRAINTS",
-                   "ALTER TABLE SCOTT.EMP SET UNUSED (Z) CASCADE CONSTRAINTS"}));
+  EXPECT_EQ(out, (Texts{"ALTER TABLE SCOTT.EMP RENAME COLUMN A TO A2",
+                        "ALTER TABLE SCOTT.EMP RENAME COLUMN B TO B2",
+                        "ALTER TABLE SCOTT.EMP DROP (X,Y) CASCADE CONSTRAINTS",
+                        "ALTER TABLE SCOTT.EMP SET UNUSED (Z) CASCADE CONSTRAINTS"}));
   EXPECT_EQ(written(statement),
             "ALTER TABLE SCOTT.EMP ADD ( DOC CLOB) LOB (DOC) STORE AS (TABLESPACE LOBS CHUNK 8192) "
             "MODIFY ( SAL DEFAULT 1)");
@@ -248,10 +246,8 @@ TEST(ColumnScript, ModificationsOfKeptColumns) {
     passes.push_back(written(statement));
     statement.RefreshUsed();
   } while (statement.hasUnused() && passes.size() < 5);
-  EXPECT_EQ(passes,
-            (Texts{"ALTER TABLE S.T MODIFY ( N NOT NULL)",
-                   "ALTER TABLE S.T MODIFY LOB (DOC) (CACHE)",
-                   "ALTER TABLE S.T MOVE LOB (DOC) STORE AS (TABLESPACE LOBS2)"}));
+  EXPECT_EQ(passes, (Texts{"ALTER TABLE S.T MODIFY ( N NOT NULL)", "ALTER TABLE S.T MODIFY LOB (DOC) (CACHE)",
+                           "ALTER TABLE S.T MOVE LOB (DOC) STORE AS (TABLESPACE LOBS2)"}));
 }
 
 TEST(ConstraintScript, OneRun) {
@@ -270,24 +266,22 @@ TEST(ConstraintScript, OneRun) {
   constraints.GetConstraint("C5")->STATE()->SetSQLValue("ENABLE", "DISABLE", "ENABLE");
   constraints.AddConstraint("FK", false);
   auto* fk = constraints.GetConstraint("FK");
-  load(*fk,
-       {{"NAME", "FK", ""},
-        {"TYPE", "foreign key", ""},
-        {"REF_SCHEMA", "S", ""},
-        {"REF_TABLE", "DEPT", ""},
-        {"REF_COLUMNS", "ID", ""},
-        {"REF_DELETE", "set null", ""}});
+  load(*fk, {{"NAME", "FK", ""},
+             {"TYPE", "foreign key", ""},
+             {"REF_SCHEMA", "S", ""},
+             {"REF_TABLE", "DEPT", ""},
+             {"REF_COLUMNS", "ID", ""},
+             {"REF_DELETE", "set null", ""}});
   fk->SetColumnsString("DEPT_ID");
   EXPECT_EQ(fk->GetColumnsString(), "DEPT_ID");
 
   CSQLAlterTable statement;
   Texts out;
   ASSERT_EQ(CSQLUtil::GenAltConstraint(&statement, &out, &table, &constraints), 0);
-  EXPECT_EQ(out,
-            (Texts{"ALTER TABLE S.T DROP CONSTRAINT C1 CASCADE",
-                   "ALTER TABLE S.T MODIFY CONSTRAINT C2 DISABLE",
-                   "ALTER TABLE S.T RENAME CONSTRAINT C3 TO C3N",
-                   "ALTER TABLE S.T RENAME CONSTRAINT C5 TO C5N"}));
+  EXPECT_EQ(
+      out,
+      (Texts{"ALTER TABLE S.T DROP CONSTRAINT C1 CASCADE", "ALTER TABLE S.T MODIFY CONSTRAINT C2 DISABLE",
+             "ALTER TABLE S.T RENAME CONSTRAINT C3 TO C3N", "ALTER TABLE S.T RENAME CONSTRAINT C5 TO C5N"}));
   EXPECT_EQ(
       written(statement),
       "ALTER TABLE S.T ADD CONSTRAINT FK FOREIGN KEY (DEPT_ID) REFERENCES S.DEPT (ID) ON DELETE SET NULL");
@@ -297,12 +291,9 @@ TEST(ConstraintScript, KindsAndState) {
   struct {
     const char* type;
     ConstraintKind kind;
-  } const kinds[] = {{"PRIMARY KEY", ConstraintKind::PrimaryKey},
-                     {"p", ConstraintKind::PrimaryKey},
-                     {"Unique", ConstraintKind::Unique},
-                     {"R", ConstraintKind::ForeignKey},
-                     {" check ", ConstraintKind::Check},
-                     {"NOT NULL", ConstraintKind::None}};
+  } const kinds[] = {{"PRIMARY KEY", ConstraintKind::PrimaryKey}, {"p", ConstraintKind::PrimaryKey},
+                     {"Unique", ConstraintKind::Unique},          {"R", ConstraintKind::ForeignKey},
+                     {" check ", ConstraintKind::Check},          {"NOT NULL", ConstraintKind::None}};
   for (const auto& k : kinds)
     EXPECT_EQ(ConstraintKindOf(k.type), k.kind) << k.type;
 

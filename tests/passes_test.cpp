@@ -25,8 +25,7 @@ std::vector<std::string> passes(CSQLClause& root, int limit = 10) {
 
 // HEAD: a leaf always written; then an OR of three alternatives.
 std::unique_ptr<CSQLClause> statement() {
-  return with(make_unique<Named>("STMT"),
-              make_unique<CSQLAttr>("NAME"),
+  return with(make_unique<Named>("STMT"), make_unique<CSQLAttr>("NAME"),
               with(make_unique<CSQLContOR>("", ""),
                    with(make_unique<Named>("FIRST"), make_unique<CSQLAttr>("A", "", "", "A=")),
                    with(make_unique<Named>("SECOND"), make_unique<CSQLAttr>("B", "", "", "B=")),

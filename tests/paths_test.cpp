@@ -15,14 +15,8 @@ TEST(PathGrammar, Segments) {
     const char* head;
     const char* rest;  // null: the path is used up
   } const cases[] = {
-      {"A;B;C", "A", "B;C"},
-      {"A", "A", nullptr},
-      {"*", "*", "*"},  // a final "*" never runs out
-      {"*;X", "*", "X"},
-      {"X;*", "X", "*"},
-      {"A;", "A", ""},
-      {"", "", nullptr},
-      {nullptr, "", nullptr},
+      {"A;B;C", "A", "B;C"}, {"A", "A", nullptr}, {"*", "*", "*"},  // a final "*" never runs out
+      {"*;X", "*", "X"},     {"X;*", "X", "*"},   {"A;", "A", ""}, {"", "", nullptr}, {nullptr, "", nullptr},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.path != nullptr ? c.path : "(null)");
@@ -110,9 +104,9 @@ TEST(PathWalk, RefusedValueLeavesTheLeafUnchanged) {
 
 TEST(PathWalk, FirstSuccessEndsTheWalk) {
   // Two children share a name; only the first takes the value. When the first refuses, the second is tried.
-  auto root = with(make_unique<Named>("R"),
-                   make_unique<CSQLAttr>("D", "", "", "", "", "", &CSQLUtil::IsValidInteger),
-                   make_unique<CSQLAttr>("D"));
+  auto root =
+      with(make_unique<Named>("R"), make_unique<CSQLAttr>("D", "", "", "", "", "", &CSQLUtil::IsValidInteger),
+           make_unique<CSQLAttr>("D"));
   ASSERT_EQ(root->SetValue("D", "5"), SQL_OK);
   EXPECT_EQ(root->GetChild(0)->GetValue(), "5");
   EXPECT_EQ(root->GetChild(1)->GetValue(), "");

@@ -202,22 +202,14 @@ TEST(TablePropClauses, ReleaseGates) {
 // The node names and paths by which the statements and the change scripts reach these clauses.
 TEST(TablePropClauses, PathsFromTheStatements) {
   Named root("ROOT");
-  for (const Maker& clause : {make<CSQLClausePhysicalProp>(7),
-                              make<CSQLClauseTableProp>(7),
-                              make<CSQLClauseSuppLgProp>(7),
-                              make<CSQLClauseSuppLgGrp>(7),
-                              make<CSQLClauseAlterIOT>(7),
-                              make<CSQLClauseAlterExtTable>(7),
-                              make<CSQLClauseMoveTable>(7)})
+  for (const Maker& clause :
+       {make<CSQLClausePhysicalProp>(7), make<CSQLClauseTableProp>(7), make<CSQLClauseSuppLgProp>(7),
+        make<CSQLClauseSuppLgGrp>(7), make<CSQLClauseAlterIOT>(7), make<CSQLClauseAlterExtTable>(7),
+        make<CSQLClauseMoveTable>(7)})
     root.AddAttr(nullptr, clause());
-  for (const char* path : {"C_PHYSICAL_PROP;EXTERNAL;C_EXT_DATA_PROP",
-                           "C_TABLE_PROP",
-                           "C_SUPPLEMENTAL_LG_PROP",
-                           "C_SUPPLEMENTAL_LG_GRP",
-                           "C_ALTER_IOT;C_ALTER_OVERFLOW",
-                           "C_ALT_EXT_TAB",
-                           "C_MOVE_TABLE;C_SEG_ATTRIBUTE;TABLESPACE",
-                           "C_MOVE_TABLE;LIST"})
+  for (const char* path : {"C_PHYSICAL_PROP;EXTERNAL;C_EXT_DATA_PROP", "C_TABLE_PROP",
+                           "C_SUPPLEMENTAL_LG_PROP", "C_SUPPLEMENTAL_LG_GRP", "C_ALTER_IOT;C_ALTER_OVERFLOW",
+                           "C_ALT_EXT_TAB", "C_MOVE_TABLE;C_SEG_ATTRIBUTE;TABLESPACE", "C_MOVE_TABLE;LIST"})
     EXPECT_NE(root.GetClause(path), nullptr) << path;
 }
 

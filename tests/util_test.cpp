@@ -33,8 +33,8 @@ TEST(Catalogue, ByReleaseCode) {
                                            "BFILE"};
   EXPECT_EQ(CSQLUtil::GetDataTypes(7), latest);
 
-  const std::vector<std::string> oldest = {
-      "CHAR", "VARCHAR2", "NUMBER", "LONG", "LONG RAW", "RAW", "DATE", "FLOAT", "INTEGER", "ROWID"};
+  const std::vector<std::string> oldest = {"CHAR", "VARCHAR2", "NUMBER", "LONG",    "LONG RAW",
+                                           "RAW",  "DATE",     "FLOAT",  "INTEGER", "ROWID"};
   EXPECT_EQ(CSQLUtil::GetDataTypes(0), oldest);
 
   struct {
@@ -102,25 +102,17 @@ TEST(Validators, IntegerAndTheAcceptingNamesakes) {
   struct {
     const char* value;
     int code;
-  } const integers[] = {
-      {"007", 0}, {"4", 0}, {"", 3}, {"-1", 3}, {"10K", 3}, {" 1", 3}, {"1.5", 3}, {nullptr, 3}};
+  } const integers[] = {{"007", 0}, {"4", 0},  {"", 3},    {"-1", 3},
+                        {"10K", 3}, {" 1", 3}, {"1.5", 3}, {nullptr, 3}};
   for (const auto& c : integers)
     EXPECT_EQ(CSQLUtil::IsValidInteger(c.value), c.code) << c.value;
 
-  for (SQLValidator validator : {&CSQLUtil::IsValid,
-                                 &CSQLUtil::IsValidAddDrop,
-                                 &CSQLUtil::IsValidAlways,
-                                 &CSQLUtil::IsValidBufferPool,
-                                 &CSQLUtil::IsValidCache,
-                                 &CSQLUtil::IsValidCompress,
-                                 &CSQLUtil::IsValidEnable,
-                                 &CSQLUtil::IsValidLogging,
-                                 &CSQLUtil::IsValidMaxExtents,
-                                 &CSQLUtil::IsValidMonitoring,
-                                 &CSQLUtil::IsValidOptimal,
-                                 &CSQLUtil::IsValidParallel,
-                                 &CSQLUtil::IsValidRecordPerBlock,
-                                 &CSQLUtil::IsValidSize}) {
+  for (SQLValidator validator :
+       {&CSQLUtil::IsValid, &CSQLUtil::IsValidAddDrop, &CSQLUtil::IsValidAlways, &CSQLUtil::IsValidBufferPool,
+        &CSQLUtil::IsValidCache, &CSQLUtil::IsValidCompress, &CSQLUtil::IsValidEnable,
+        &CSQLUtil::IsValidLogging, &CSQLUtil::IsValidMaxExtents, &CSQLUtil::IsValidMonitoring,
+        &CSQLUtil::IsValidOptimal, &CSQLUtil::IsValidParallel, &CSQLUtil::IsValidRecordPerBlock,
+        &CSQLUtil::IsValidSize}) {
     for (const char* value : {"", "anything", "-1", static_cast<const char*>(nullptr)}) {
       EXPECT_EQ(validator(value), 0);
     }
