@@ -35,7 +35,8 @@ std::unique_ptr<CSQLList> table(int columns) {
 }
 
 void BM_BuildAndFill(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(table(static_cast<int>(state.range(0))));
+  for (auto _ : state)
+    benchmark::DoNotOptimize(table(static_cast<int>(state.range(0))));
 }
 BENCHMARK(BM_BuildAndFill)->Arg(10)->Arg(100);
 
@@ -51,7 +52,8 @@ BENCHMARK(BM_Write)->Arg(10)->Arg(100);
 
 void BM_Clone(benchmark::State& state) {
   auto list = table(static_cast<int>(state.range(0)));
-  for (auto _ : state) benchmark::DoNotOptimize(list->Clone());
+  for (auto _ : state)
+    benchmark::DoNotOptimize(list->Clone());
 }
 BENCHMARK(BM_Clone)->Arg(10)->Arg(100);
 

@@ -22,6 +22,7 @@
 #include "qarvelt/info/base.h"
 #include "qarvelt/info/columns.h"
 #include "qarvelt/info/constraints.h"
+#include "qarvelt/info/index.h"
 #include "qarvelt/info/table.h"
 #include "qarvelt/info/value.h"
 
