@@ -23,6 +23,8 @@
 #include "qarvelt/info/columns.h"
 #include "qarvelt/info/constraints.h"
 #include "qarvelt/info/index.h"
+#include "qarvelt/info/lob_partitions.h"
+#include "qarvelt/info/partitions.h"
 #include "qarvelt/info/table.h"
 #include "qarvelt/info/value.h"
 

@@ -1,0 +1,477 @@
+#include "qarvelt/info/partitions.h"
+
+#include <algorithm>
+#include <cctype>
+#include <memory>
+#include <utility>
+
+#include "gen_alt.h"
+#include "qarvelt/clauses/partition.h"
+#include "qarvelt/core/attr.h"
+#include "qarvelt/core/clause.h"
+#include "qarvelt/statements/alter_table.h"
+#include "qarvelt/util/util.h"
+
+namespace qarvelt {
+
+namespace {
+
+enum class Kind { Range, Hash, List };
+
+// RANGE, HASH or LIST, ignoring case; anything else is range partitioning.
+Kind kindOf(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) {
+    return static_cast<char>(std::toupper(c));
+  });
+  Trim(text);
+  if (text == "HASH") return Kind::Hash;
+  if (text == "LIST") return Kind::List;
+  return Kind::Range;
+}
+
+Kind kindOf(CSQLInfoBase* record) {
+  return kindOf(record->GetSQLValue("TYPE").GetValue());
+}
+
+std::string current(CSQLInfoBase* record, const char* type) {
+  return record->GetSQLValue(type).GetValue();
+}
+
+std::string change(CSQLInfoBase* record, const char* type) {
+  return *record->GetSQLValue(type);
+}
+
+// The name a value "NAME" holds, initial or current; the item's own name when that text is empty.
+std::string nameOf(CSQLInfoBase* record, bool wanted) {
+  CSQLValue& name = record->GetSQLValue("NAME");
+  std::string text = wanted ? name.GetValue() : std::string();
+  if (text.empty()) text = name.GetInit();
+  return text.empty() ? record->GetName() : text;
+}
+
+const char* const kPhysical[] = {"PCTFREE", "PCTUSED", "INITRANS", "MAXTRANS"};
+// Storage that Oracle changes in place, and storage that only a new segment takes.
+const char* const kStorageInPlace[] = {"NEXT", "MAXEXTENTS", "PCTINCREASE", "FREELISTS", "BUFFER_POOL"};
+const char* const kStorageNewSegment[] = {"INITIAL", "MINEXTENTS", "FREELIST"};
+
+// The MODIFY PARTITION variant of a partition kind.
+const char* modifyVariant(Kind kind) {
+  switch (kind) {
+    case Kind::Hash:
+      return "C_MOD_HASH_PART";
+    case Kind::List:
+      return "C_MOD_LIST_PART";
+    case Kind::Range:
+      break;
+  }
+  return "C_MOD_RANGE_PART";
+}
+
+}  // namespace
+
+// The state of one BuildSQL run: where the statements go, the UPDATE option, and the first failure
+// met while filling the statement at hand.
+struct CSQLInfoPartitions::Run {
+  CSQLClause* clause;
+  CSQLClause* statement;
+  std::vector<std::string>* out;
+  std::string update;
+  int code = 0;
+
+  void note(int result) {
+    if (code == 0) code = result;
+  }
+  // Sets `path` below `node` to `text`; an empty text sets nothing. True when something was set.
+  bool set(CSQLClause* node, const std::string& path, const std::string& text) {
+    if (text.empty()) return false;
+    note(node->SetValue(path.c_str(), text.c_str()));
+    return true;
+  }
+  bool set(const std::string& path, const std::string& text) { return set(clause, path, text); }
+  void add(CSQLClause* node, const std::string& path, std::unique_ptr<CSQLClause> item) {
+    note(node->AddAttr(path.c_str(), std::move(item)));
+  }
+  // One leaf per entry of `values`, named and valued after its text, appended to the list at `path`.
+  void leaves(CSQLClause* node, const std::string& path, CSQLValues& values) {
+    for (int i = 0; i < values.GetCount(); ++i) {
+      std::string text = values.GetValue(i);
+      if (text.empty()) text = values.GetEntry(i)->GetType();
+      if (!text.empty()) add(node, path, std::make_unique<CSQLAttr>(text.c_str(), "", text.c_str()));
+    }
+  }
+};
+
+// ---- subpartition -------------------------------------------------------------------------------
+
+CSQLInfoTableSubPartition::CSQLInfoTableSubPartition(const char* name, const char* type) {
+  setName(name);
+  init();
+  SetSQLValue("NAME", "", GetName().c_str());
+  SetSQLValue("TYPE", "", type != nullptr ? type : "");
+}
+
+void CSQLInfoTableSubPartition::init() {
+  registerValues({"NAME", "TYPE"});
+  registerValue(std::make_unique<CSQLValues>("VALUES"));
+  registerValue(std::make_unique<CSQLValues>("VALUES;ADD"));
+  registerValues({"TABLESPACE", "TRUNCATE", "TRUNCATE;STORAGE"});
+}
+
+CSQLValues& CSQLInfoTableSubPartition::VALUES() {
+  return static_cast<CSQLValues&>(GetSQLValue("VALUES"));
+}
+
+CSQLValues& CSQLInfoTableSubPartition::ADD_VALUES() {
+  return static_cast<CSQLValues&>(GetSQLValue("VALUES;ADD"));
+}
+
+std::string CSQLInfoTableSubPartition::OldName() {
+  return nameOf(this, false);
+}
+
+std::string CSQLInfoTableSubPartition::NewName() {
+  return nameOf(this, true);
+}
+
+// ---- partition ----------------------------------------------------------------------------------
+
+CSQLInfoTablePartition::CSQLInfoTablePartition(const char* name, const char* type, const char* subType) {
+  setName(name);
+  init();
+  SetSQLValue("NAME", "", GetName().c_str());
+  SetSQLValue("TYPE", "", type != nullptr ? type : "");
+  SetSQLValue("SUBTYPE", "", subType != nullptr ? subType : "");
+}
+
+void CSQLInfoTablePartition::init() {
+  registerValues({"NAME", "TYPE", "SUBTYPE"});
+  registerValue(std::make_unique<CSQLValues>("VALUES"));
+  registerValue(std::make_unique<CSQLValues>("VALUES;ADD"));
+  registerValues({"TABLESPACE",
+                  "PCTFREE",
+                  "PCTUSED",
+                  "INITRANS",
+                  "MAXTRANS",
+                  "INITIAL",
+                  "NEXT",
+                  "MINEXTENTS",
+                  "MAXEXTENTS",
+                  "PCTINCREASE",
+                  "FREELISTS",
+                  "FREELIST",
+                  "BUFFER_POOL",
+                  "LOGGING",
+                  "COMPRESS",
+                  "TRUNCATE",
+                  "TRUNCATE;STORAGE"});
+}
+
+int CSQLInfoTablePartition::AddSubPartition(const char* name, bool existing, const char* type) {
+  const std::string kind = type != nullptr && *type != '\0' ? type : current(this, "SUBTYPE");
+  return addItem(name, existing, kind.c_str());
+}
+
+int CSQLInfoTablePartition::DropSubPartition(const char* name, bool remove) {
+  return dropItem(name, remove);
+}
+
+int CSQLInfoTablePartition::UnDropSubPartition(const char* name) {
+  return undropItem(name);
+}
+
+CSQLValues& CSQLInfoTablePartition::VALUES() {
+  return static_cast<CSQLValues&>(GetSQLValue("VALUES"));
+}
+
+CSQLValues& CSQLInfoTablePartition::ADD_VALUES() {
+  return static_cast<CSQLValues&>(GetSQLValue("VALUES;ADD"));
+}
+
+std::string CSQLInfoTablePartition::OldName() {
+  return nameOf(this, false);
+}
+
+std::string CSQLInfoTablePartition::NewName() {
+  return nameOf(this, true);
+}
+
+bool CSQLInfoTablePartition::IsComposite() {
+  return GetCount() > 0 || !current(this, "SUBTYPE").empty();
+}
+
+// ---- partitions ---------------------------------------------------------------------------------
+
+CSQLInfoPartitions::CSQLInfoPartitions() {
+  init();
+}
+
+void CSQLInfoPartitions::init() {
+  registerValues({"TYPE", "SUBTYPE", "UPDATE"});
+}
+
+int CSQLInfoPartitions::AddPartition(const char* name, bool existing, const char* type) {
+  const std::string kind = type != nullptr && *type != '\0' ? type : current(this, "TYPE");
+  const std::string subKind = current(this, "SUBTYPE");
+  return addItem(name, existing, kind.c_str(), subKind.c_str());
+}
+
+int CSQLInfoPartitions::DropPartition(const char* name, bool remove) {
+  return dropItem(name, remove);
+}
+
+int CSQLInfoPartitions::UnDropPartition(const char* name) {
+  return undropItem(name);
+}
+
+int CSQLInfoPartitions::emit(Run& run, const char* op) {
+  CSQLClause* node = run.clause->GetClause(op);
+  const int code = run.code;
+  run.code = 0;
+  if (code != 0) {
+    if (node != nullptr) node->Clear();
+    return code;
+  }
+  const std::string path = std::string("*;C_ALTER_TAB_PART;") + op + ";*";
+  renderAndClear(run.statement, path.c_str(), node, run.out);
+  return 0;
+}
+
+int CSQLInfoPartitions::BuildSQL(std::string what,
+                                 CSQLClause* clause,
+                                 CSQLClause* statement,
+                                 std::vector<std::string>* out,
+                                 const char* /*extra*/) {
+  if (clause == nullptr) return SQL_NOT_FOUND;
+  Run run{clause, statement, out, current(this, "UPDATE")};
+  using Step = int (CSQLInfoPartitions::*)(Run&);
+  const std::pair<const char*, Step> steps[] = {
+      {"DROP", &CSQLInfoPartitions::dropStep},
+      {"RENAME", &CSQLInfoPartitions::renameStep},
+      {"TRUNCATE", &CSQLInfoPartitions::truncateStep},
+      {"MOVE", &CSQLInfoPartitions::moveStep},
+      {"MOD", &CSQLInfoPartitions::modifyStep},
+      {"ADD", &CSQLInfoPartitions::addStep},
+  };
+  for (const auto& [name, step] : steps) {
+    if (!what.empty() && what != name) continue;
+    if (const int result = (this->*step)(run)) return result;
+  }
+  return 0;
+}
+
+// Dropped subpartitions of kept partitions, then dropped partitions; hash ones are coalesced.
+int CSQLInfoPartitions::dropStep(Run& run) {
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    if (markAt(i) != ITEM_EXISTING) continue;
+    for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+      if (!p->IsDrop(j)) continue;
+      int result;
+      if (kindOf(s) == Kind::Hash && kindOf(p) == Kind::Range) {
+        run.set("C_MOD_TAB_PART;PARTITION", p->OldName());
+        run.set("C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;COALESCE", "COALESCE");
+        result = emit(run, "C_MOD_TAB_PART");
+      } else {
+        run.set("C_DROP_TAB_SUBPART;SUBPARTITION", s->OldName());
+        run.set("C_DROP_TAB_SUBPART;SUBPARTITION;UPDATE", run.update);
+        result = emit(run, "C_DROP_TAB_SUBPART");
+      }
+      if (result != 0) return result;
+    }
+  }
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    if (!IsDrop(i)) continue;
+    int result;
+    if (kindOf(p) == Kind::Hash) {
+      run.set("C_COALESCE_TAB_PART;COALESCE", "COALESCE");
+      run.set("C_COALESCE_TAB_PART;UPDATE", run.update);
+      result = emit(run, "C_COALESCE_TAB_PART");
+    } else {
+      run.set("C_DROP_TAB_PART;PARTITION", p->OldName());
+      run.set("C_DROP_TAB_PART;PARTITION;UPDATE", run.update);
+      result = emit(run, "C_DROP_TAB_PART");
+    }
+    if (result != 0) return result;
+  }
+  return 0;
+}
+
+int CSQLInfoPartitions::renameStep(Run& run) {
+  auto rename = [&run](const char* leaf, const std::string& from, const std::string& to) {
+    if (from == to) return 0;
+    run.set(std::string("C_RENAME_PART_SUBPART;") + leaf, from);
+    run.set("C_RENAME_PART_SUBPART;NEWNAME", to);
+    return emit(run, "C_RENAME_PART_SUBPART");
+  };
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    if (markAt(i) != ITEM_EXISTING) continue;
+    if (const int result = rename("PARTITION", p->OldName(), p->NewName())) return result;
+    for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+      if (p->IsAdd(j) || p->IsDrop(j)) continue;
+      if (const int result = rename("SUBPARTITION", s->OldName(), s->NewName())) return result;
+    }
+  }
+  return 0;
+}
+
+// A truncated partition takes its subpartitions with it.
+int CSQLInfoPartitions::truncateStep(Run& run) {
+  auto truncate = [&run](const char* leaf, CSQLInfoBase* item, const std::string& name) {
+    run.set(std::string("C_TRUNCATE_PART_SUBPART;") + leaf, name);
+    run.set("C_TRUNCATE_PART_SUBPART;DROP", current(item, "TRUNCATE;STORAGE"));
+    run.set("C_TRUNCATE_PART_SUBPART;UPDATE", run.update);
+    return emit(run, "C_TRUNCATE_PART_SUBPART");
+  };
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    if (markAt(i) != ITEM_EXISTING) continue;
+    if (!change(p, "TRUNCATE").empty()) {
+      if (const int result = truncate("PARTITION", p, p->NewName())) return result;
+      continue;
+    }
+    for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+      if (p->IsAdd(j) || p->IsDrop(j) || change(s, "TRUNCATE").empty()) continue;
+      if (const int result = truncate("SUBPARTITION", s, s->NewName())) return result;
+    }
+  }
+  return 0;
+}
+
+// A partition with a segment moves; a partition with subpartitions changes their defaults, and its
+// subpartitions move one by one.
+int CSQLInfoPartitions::moveStep(Run& run) {
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    if (markAt(i) != ITEM_EXISTING) continue;
+    const bool composite = p->IsComposite();
+    const std::string base =
+        composite ? "C_MODIFY_TABLE_DEF_ATTR;" : "C_MOVE_TAB_PART;PARTITION;C_TAB_PART_DESC;";
+    bool moved = run.set(base + "C_SEG_ATTRIBUTE;TABLESPACE", change(p, "TABLESPACE"));
+    if (composite || kindOf(p) != Kind::Hash) {
+      for (const char* name : kStorageNewSegment) {
+        moved |= run.set(base + "C_SEG_ATTRIBUTE;C_PHYSICAL_ATTRIBUTES;C_STORAGE;" + name, change(p, name));
+      }
+    }
+    if (moved) {
+      int result;
+      if (composite) {
+        run.set("C_MODIFY_TABLE_DEF_ATTR;PARTITION", p->NewName());
+        result = emit(run, "C_MODIFY_TABLE_DEF_ATTR");
+      } else {
+        run.set("C_MOVE_TAB_PART;PARTITION", p->NewName());
+        run.set("C_MOVE_TAB_PART;PARTITION;UPDATE", run.update);
+        result = emit(run, "C_MOVE_TAB_PART");
+      }
+      if (result != 0) return result;
+    }
+    for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+      if (p->IsAdd(j) || p->IsDrop(j)) continue;
+      const std::string target = "C_MOVE_TAB_SUBPART;C_SUBPARTITION_SPEC;";
+      if (!run.set(target + "C_PARTITION_STORAGE;TABLESPACE", change(s, "TABLESPACE"))) continue;
+      run.set(target + "SUBPARTITION", s->NewName());
+      run.set("C_MOVE_TAB_SUBPART;UPDATE", run.update);
+      if (const int result = emit(run, "C_MOVE_TAB_SUBPART")) return result;
+    }
+  }
+  return 0;
+}
+
+// In-place attribute changes, then new values of list partitions and list subpartitions.
+int CSQLInfoPartitions::modifyStep(Run& run) {
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    if (markAt(i) != ITEM_EXISTING) continue;
+    const Kind kind = kindOf(p);
+    const std::string variant = std::string("C_MOD_TAB_PART;PARTITION;") + modifyVariant(kind) + ";";
+    const std::string attribute = variant + "C_PARTITION_ATTRIBUTE;";
+    bool changed = false;
+    for (const char* name : kPhysical)
+      changed |= run.set(attribute + "C_PHYSICAL_ATTRIBUTES;" + name, change(p, name));
+    for (const char* name : kStorageInPlace)
+      changed |= run.set(attribute + "C_PHYSICAL_ATTRIBUTES;C_STORAGE;" + name, change(p, name));
+    changed |= run.set(attribute + "LOGGING", change(p, "LOGGING"));
+    changed |= run.set(attribute + "COMPRESS", change(p, "COMPRESS"));
+    if (changed) {
+      run.set("C_MOD_TAB_PART;PARTITION", p->NewName());
+      if (const int result = emit(run, "C_MOD_TAB_PART")) return result;
+    }
+
+    if (kind == Kind::List && p->ADD_VALUES().GetCount() > 0) {
+      run.set("C_MOD_TAB_PART;PARTITION", p->NewName());
+      run.set(variant + "ADD", "ADD");
+      run.leaves(run.clause, variant + "ADD;LIST", p->ADD_VALUES());
+      if (const int result = emit(run, "C_MOD_TAB_PART")) return result;
+    }
+    for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+      if (p->IsAdd(j) || p->IsDrop(j)) continue;
+      if (kindOf(s) != Kind::List || s->ADD_VALUES().GetCount() == 0) continue;
+      run.set("C_MOD_TAB_SUBPART;SUBPARTITION", s->NewName());
+      run.set("C_MOD_TAB_SUBPART;SUBPARTITION;C_MOD_LIST_SUBPART;ADD", "ADD");
+      run.leaves(run.clause, "C_MOD_TAB_SUBPART;SUBPARTITION;C_MOD_LIST_SUBPART;ADD;LIST", s->ADD_VALUES());
+      if (const int result = emit(run, "C_MOD_TAB_SUBPART")) return result;
+    }
+  }
+  return 0;
+}
+
+// Added partitions with their subpartitions; subpartitions added to kept range partitions.
+int CSQLInfoPartitions::addStep(Run& run) {
+  for (int i = 0; CPartition* p = GetPartition(i); ++i) {
+    const Kind kind = kindOf(p);
+    if (IsAdd(i)) {
+      if (kind == Kind::Hash) {
+        const std::string base = "C_ADD_TAB_PART;C_ADD_HASH_PART;";
+        run.set(base + "PARTITION", p->NewName());
+        run.set(base + "C_PARTITION_STORAGE;TABLESPACE", current(p, "TABLESPACE"));
+        run.set(base + "UPDATE", run.update);
+        if (const int result = emit(run, "C_ADD_TAB_PART")) return result;
+        continue;
+      }
+      const std::string base =
+          kind == Kind::List ? "C_ADD_TAB_PART;C_ADD_LIST_PART;" : "C_ADD_TAB_PART;C_ADD_RANGE_PART;";
+      run.set(base + "PARTITION", p->NewName());
+      run.leaves(
+          run.clause, base + (kind == Kind::List ? "C_LISTVALUES;LIST" : "C_RANGEVALUES;LIST"), p->VALUES());
+      const std::string desc = base + "C_TAB_PART_DESC;";
+      const std::string segment = desc + "C_SEG_ATTRIBUTE;";
+      run.set(segment + "TABLESPACE", current(p, "TABLESPACE"));
+      for (const char* name : kPhysical)
+        run.set(segment + "C_PHYSICAL_ATTRIBUTES;" + name, current(p, name));
+      for (const char* name : kStorageNewSegment)
+        run.set(segment + "C_PHYSICAL_ATTRIBUTES;C_STORAGE;" + name, current(p, name));
+      for (const char* name : kStorageInPlace)
+        run.set(segment + "C_PHYSICAL_ATTRIBUTES;C_STORAGE;" + name, current(p, name));
+      run.set(segment + "LOGGING", current(p, "LOGGING"));
+      run.set(desc + "COMPRESS", current(p, "COMPRESS"));
+      for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+        if (p->IsDrop(j)) continue;
+        auto sub = std::make_unique<CSQLClauseSubPartitionSpec>(s->GetName().c_str());
+        run.set(sub.get(), "SUBPARTITION", s->NewName());
+        if (kindOf(s) == Kind::List) run.leaves(sub.get(), "C_LISTVALUES;LIST", s->VALUES());
+        run.set(sub.get(), "C_PARTITION_STORAGE;TABLESPACE", current(s, "TABLESPACE"));
+        run.add(run.clause, desc + "C_PART_LEVEL_SUBPART;LIST", std::move(sub));
+      }
+      if (const int result = emit(run, "C_ADD_TAB_PART")) return result;
+      continue;
+    }
+    if (markAt(i) != ITEM_EXISTING || kind != Kind::Range) continue;
+    for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
+      if (!p->IsAdd(j)) continue;
+      const bool list = kindOf(s) == Kind::List;
+      const std::string base = std::string("C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;") +
+                               (list ? "C_ADD_LIST_SUBPART;" : "C_ADD_HASH_SUBPART;");
+      run.set("C_MOD_TAB_PART;PARTITION", p->NewName());
+      run.set(base + "C_SUBPARTITION_SPEC;SUBPARTITION", s->NewName());
+      if (list) run.leaves(run.clause, base + "C_SUBPARTITION_SPEC;C_LISTVALUES;LIST", s->VALUES());
+      run.set(base + "C_SUBPARTITION_SPEC;C_PARTITION_STORAGE;TABLESPACE", current(s, "TABLESPACE"));
+      if (!list) run.set(base + "UPDATE", run.update);
+      if (const int result = emit(run, "C_MOD_TAB_PART")) return result;
+    }
+  }
+  return 0;
+}
+
+int CSQLUtil::GenAltPartition(CSQLAlterTable* stmt,
+                              std::vector<std::string>* out,
+                              CSQLInfoTable* table,
+                              CSQLInfoPartitions* partitions) {
+  return detail::GenAltOnSubClause(stmt, out, table, partitions, "C_ALTER_TAB_PART");
+}
+
+}  // namespace qarvelt
