@@ -88,7 +88,7 @@ bool CSQLInfoBase::IsModifiedExcept(const char* prefix) {
   return false;
 }
 
-void CSQLInfoBase::renderAndClear(CSQLClause* statement,
+void CSQLInfoBase::RenderAndClear(CSQLClause* statement,
                                   const char* path,
                                   CSQLClause* node,
                                   std::vector<std::string>* out) {

@@ -315,7 +315,7 @@ int CSQLInfoColumns::renameStep(CSQLClause* clause, CSQLClause* statement, std::
     if (IsAdd(i) || IsDrop(i) || IsUnused(i) || !column->IsModified("NAME")) continue;
     clause->SetValue("C_RENAME_COLUMN;OLDNAME", column->GetSQLValue("NAME").GetInit().c_str());
     clause->SetValue("C_RENAME_COLUMN;NEWNAME", column->GetSQLValue("NAME").GetValue().c_str());
-    renderAndClear(statement, "*;C_COLUMN;C_RENAME_COLUMN;*", rename, out);
+    RenderAndClear(statement, "*;C_COLUMN;C_RENAME_COLUMN;*", rename, out);
   }
   return 0;
 }
@@ -340,7 +340,7 @@ int CSQLInfoColumns::dropStep(int mark,
     clause->SetValue((node + ";INVALIDATE").c_str(), changeOf("DROP;INVALIDATE").c_str());
     clause->SetValue((node + ";CHECKPOINT").c_str(), changeOf("DROP;CHECKPOINT").c_str());
   }
-  renderAndClear(statement, "*;C_COLUMN;C_DROP_COLUMN;*", clause->GetClause("C_DROP_COLUMN"), out);
+  RenderAndClear(statement, "*;C_COLUMN;C_DROP_COLUMN;*", clause->GetClause("C_DROP_COLUMN"), out);
   return 0;
 }
 

@@ -189,7 +189,7 @@ int CSQLInfoConstraints::BuildSQL(std::string /*what*/,
     CConstraint* c = GetConstraint(i);
     drop->SetValue("CONSTRAINT", existingName(c).c_str());
     drop->SetValue("CONSTRAINT;CASCADE", (*c->GetSQLValue("CASCADE")).c_str());
-    renderAndClear(statement, "*;C_CONSTRAINT;C_DROP_CONSTRAINT;*", drop, out);
+    RenderAndClear(statement, "*;C_CONSTRAINT;C_DROP_CONSTRAINT;*", drop, out);
   }
   // MODIFY CONSTRAINT name state, for kept constraints whose state changed and that keep their name.
   CSQLClause* modify = clause->GetClause("MODIFY");
@@ -198,7 +198,7 @@ int CSQLInfoConstraints::BuildSQL(std::string /*what*/,
     if (!kept(i) || c->IsModified("NAME") || !c->STATE()->IsModified(nullptr) || modify == nullptr) continue;
     modify->SetValue(nullptr, existingName(c).c_str());
     c->STATE()->BuildSQL("", modify->GetClause("C_CONSTRAINT_STATE"), statement, out, extra);
-    renderAndClear(statement, "*;C_CONSTRAINT;MODIFY;*", modify, out);
+    RenderAndClear(statement, "*;C_CONSTRAINT;MODIFY;*", modify, out);
   }
   // RENAME CONSTRAINT old TO new.
   CSQLClause* rename = clause->GetClause("RENAME");
@@ -207,7 +207,7 @@ int CSQLInfoConstraints::BuildSQL(std::string /*what*/,
     if (!kept(i) || !c->IsModified("NAME") || rename == nullptr) continue;
     rename->SetValue(nullptr, existingName(c).c_str());
     rename->SetValue("NEWNAME", c->GetSQLValue("NAME").GetValue().c_str());
-    renderAndClear(statement, "*;C_CONSTRAINT;RENAME;*", rename, out);
+    RenderAndClear(statement, "*;C_CONSTRAINT;RENAME;*", rename, out);
   }
   return 0;
 }

@@ -19,6 +19,20 @@ int detail::GenAltOnSubClause(CSQLClause* stmt,
   return record->BuildSQL("", clause, stmt, out, nullptr);
 }
 
+int detail::EmitPartitionOperation(
+    CSQLClause* clause, CSQLClause* statement, std::vector<std::string>* out, int& code, const char* op) {
+  CSQLClause* node = clause != nullptr ? clause->GetClause(op) : nullptr;
+  const int failure = code;
+  code = 0;
+  if (failure != 0) {
+    if (node != nullptr) node->Clear();
+    return failure;
+  }
+  const std::string path = std::string("*;C_ALTER_TAB_PART;") + op + ";*";
+  CSQLInfoBase::RenderAndClear(statement, path.c_str(), node, out);
+  return 0;
+}
+
 int CSQLUtil::GenAltTable(CSQLAlterTable* stmt,
                           std::vector<std::string>* out,
                           CSQLInfoTable* table,

@@ -22,6 +22,12 @@ int GenAltOnSubClause(CSQLClause* stmt,
                       CSQLInfoBase* record,
                       const char* subClause);
 
+// Writes the partition operation `op` (a node below "C_ALTER_TAB_PART" of `clause`) through
+// `statement`, appends the text to `out` and clears the node for the next operation. A failure met
+// while filling it (`code`, reset to 0 here) is returned instead, the node cleared all the same.
+int EmitPartitionOperation(
+    CSQLClause* clause, CSQLClause* statement, std::vector<std::string>* out, int& code, const char* op);
+
 }  // namespace detail
 }  // namespace qarvelt
 

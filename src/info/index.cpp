@@ -129,17 +129,17 @@ int CSQLInfoIndexSubPartition::BuildSQL(std::string what,
   if (what == "RENAME" && renamed(*this)) {
     set(clause, kRenamePart + ";SUBPARTITION", existingName(*this));
     set(clause, kRenamePart + ";TO", name);
-    renderAndClear(statement, renderPath(kRenamePart).c_str(), node(clause, kRenamePart), out);
+    RenderAndClear(statement, renderPath(kRenamePart).c_str(), node(clause, kRenamePart), out);
   } else if (what == "REBUILD" && needsRebuild(*this)) {
     // A subpartition rebuild takes no physical attributes: only where it goes and how.
     set(clause, kRebuild + ";SUBPARTITION", name);
     set(clause, kRebuild + ";TABLESPACE", change(*this, "TABLESPACE"));
     set(clause, kRebuild + ";ONLINE", extra != nullptr ? extra : "");
-    renderAndClear(statement, renderPath(kRebuild).c_str(), node(clause, kRebuild), out);
+    RenderAndClear(statement, renderPath(kRebuild).c_str(), node(clause, kRebuild), out);
   } else if (what == "UNUSABLE" && requested(*this, "UNUSABLE")) {
     set(clause, kModSubPart + ";SUBPARTITION", name);
     set(clause, kModSubPart + ";SUBPARTITION;UNUSABLE", current(*this, "UNUSABLE"));
-    renderAndClear(statement, renderPath(kModSubPart).c_str(), node(clause, kModSubPart), out);
+    RenderAndClear(statement, renderPath(kModSubPart).c_str(), node(clause, kModSubPart), out);
   }
   return 0;
 }
@@ -185,7 +185,7 @@ int CSQLInfoIndexPartition::BuildSQL(std::string what,
     if (renamed(*this)) {
       set(clause, kRenamePart + ";PARTITION", existingName(*this));
       set(clause, kRenamePart + ";TO", name);
-      renderAndClear(statement, renderPath(kRenamePart).c_str(), node(clause, kRenamePart), out);
+      RenderAndClear(statement, renderPath(kRenamePart).c_str(), node(clause, kRenamePart), out);
     }
   } else if (what == "REBUILD") {
     if (!composite && needsRebuild(*this)) {
@@ -194,7 +194,7 @@ int CSQLInfoIndexPartition::BuildSQL(std::string what,
       set(clause, kRebuild + ";ONLINE", extra != nullptr ? extra : "");
       fillSegment(*this, clause, kRebuild + ";C_PHYSICAL_ATTRIBUTES;");
       set(clause, kRebuild + ";LOGGING", change(*this, "LOGGING"));
-      renderAndClear(statement, renderPath(kRebuild).c_str(), node(clause, kRebuild), out);
+      RenderAndClear(statement, renderPath(kRebuild).c_str(), node(clause, kRebuild), out);
     }
   } else if (what == "ATTR") {
     // The name leaf writes on its own, so it is set only when a change follows it.
@@ -203,18 +203,18 @@ int CSQLInfoIndexPartition::BuildSQL(std::string what,
       set(clause, kDefaults + ";TABLESPACE", change(*this, "TABLESPACE"));
       fillSegment(*this, clause, kDefaults + ";C_PHYSICAL_ATTRIBUTES;");
       set(clause, kDefaults + ";LOGGING", change(*this, "LOGGING"));
-      renderAndClear(statement, renderPath(kDefaults).c_str(), node(clause, kDefaults), out);
+      RenderAndClear(statement, renderPath(kDefaults).c_str(), node(clause, kDefaults), out);
     } else if (!composite && !needsRebuild(*this) && anyModified(*this, kInPlace)) {
       set(clause, kModPart + ";PARTITION", name);
       fillSegment(*this, clause, kModPart + ";PARTITION;C_PHYSICAL_ATTRIBUTES;");
       set(clause, kModPart + ";PARTITION;LOGGING", change(*this, "LOGGING"));
-      renderAndClear(statement, renderPath(kModPart).c_str(), node(clause, kModPart), out);
+      RenderAndClear(statement, renderPath(kModPart).c_str(), node(clause, kModPart), out);
     }
   } else if (what == "UNUSABLE") {
     if (requested(*this, "UNUSABLE")) {
       set(clause, kModPart + ";PARTITION", name);
       set(clause, kModPart + ";PARTITION;UNUSABLE", current(*this, "UNUSABLE"));
-      renderAndClear(statement, renderPath(kModPart).c_str(), node(clause, kModPart), out);
+      RenderAndClear(statement, renderPath(kModPart).c_str(), node(clause, kModPart), out);
     }
   } else {
     return 0;
@@ -262,7 +262,7 @@ int CSQLInfoIndex::BuildSQL(std::string what,
     for (int i = 0; i < GetCount(); ++i) {
       if (!IsDrop(i)) continue;
       set(clause, kDropPart + ";PARTITION", existingName(*itemAt(i)));
-      renderAndClear(statement, renderPath(kDropPart).c_str(), node(clause, kDropPart), out);
+      RenderAndClear(statement, renderPath(kDropPart).c_str(), node(clause, kDropPart), out);
     }
   }
   eachKept("RENAME", nullptr);
@@ -273,16 +273,16 @@ int CSQLInfoIndex::BuildSQL(std::string what,
   eachKept("UNUSABLE", nullptr);
   if (requested(*this, "UNUSABLE")) {
     set(clause, "UNUSABLE", current(*this, "UNUSABLE"));
-    renderAndClear(statement, "*;UNUSABLE", node(clause, "UNUSABLE"), out);
+    RenderAndClear(statement, "*;UNUSABLE", node(clause, "UNUSABLE"), out);
   }
   if (requested(*this, "MONITORING")) {
     set(clause, "MONITORING", current(*this, "MONITORING"));
-    renderAndClear(statement, "*;MONITORING", node(clause, "MONITORING"), out);
+    RenderAndClear(statement, "*;MONITORING", node(clause, "MONITORING"), out);
   }
   if (requested(*this, "INDEX")) {
     set(clause, "RENAME", "RENAME");
     set(clause, "RENAME;TO", current(*this, "INDEX"));
-    renderAndClear(statement, "*;RENAME;*", node(clause, "RENAME"), out);
+    RenderAndClear(statement, "*;RENAME;*", node(clause, "RENAME"), out);
   }
   return 0;
 }
@@ -317,7 +317,7 @@ void CSQLInfoIndex::buildRebuild(CSQLClause* clause, CSQLClause* statement, std:
     rebuild->Clear();
     return;
   }
-  renderAndClear(statement, renderPath(kRebuild).c_str(), rebuild, out);
+  RenderAndClear(statement, renderPath(kRebuild).c_str(), rebuild, out);
 }
 
 // The index's own attribute changes: in place as one statement, or, for a partitioned index, the
@@ -328,19 +328,19 @@ void CSQLInfoIndex::buildAttributes(CSQLClause* clause,
   const bool segmentChanged = anyModified(*this, kNewSegment) || anyModified(*this, kInPlace);
   if (GetCount() > 0) {
     if (fillParallel(*this, clause, "C_PARALLEL;"))
-      renderAndClear(statement, "*", node(clause, "C_PARALLEL"), out);
+      RenderAndClear(statement, "*", node(clause, "C_PARALLEL"), out);
     if (!segmentChanged) return;
     set(clause, kDefaults + ";TABLESPACE", change(*this, "TABLESPACE"));
     fillSegment(*this, clause, kDefaults + ";C_PHYSICAL_ATTRIBUTES;");
     set(clause, kDefaults + ";LOGGING", change(*this, "LOGGING"));
-    renderAndClear(statement, renderPath(kDefaults).c_str(), node(clause, kDefaults), out);
+    RenderAndClear(statement, renderPath(kDefaults).c_str(), node(clause, kDefaults), out);
     return;
   }
   if (needsRebuild(*this)) return;  // the rebuild carried them
   if (!fillParallel(*this, clause, "C_PARALLEL;") && !segmentChanged) return;
   fillSegment(*this, clause, "C_PHYSICAL_ATTRIBUTES;");
   set(clause, "LOGGING", change(*this, "LOGGING"));
-  renderAndClear(statement, "*", node(clause, "C_PARALLEL"), out);
+  RenderAndClear(statement, "*", node(clause, "C_PARALLEL"), out);
   for (const char* path : {"C_PHYSICAL_ATTRIBUTES", "LOGGING"}) {
     if (CSQLClause* used = node(clause, path)) used->Clear();
   }

@@ -178,16 +178,7 @@ bool CSQLInfoLOBPartitions::IsDrop(const char* column, const char* partition) co
 }
 
 int CSQLInfoLOBPartitions::emit(Run& run, const char* op) {
-  CSQLClause* node = run.clause->GetClause(op);
-  const int code = run.code;
-  run.code = 0;
-  if (code != 0) {
-    if (node != nullptr) node->Clear();
-    return code;
-  }
-  const std::string path = std::string("*;C_ALTER_TAB_PART;") + op + ";*";
-  renderAndClear(run.statement, path.c_str(), node, run.out);
-  return 0;
+  return detail::EmitPartitionOperation(run.clause, run.statement, run.out, run.code, op);
 }
 
 int CSQLInfoLOBPartitions::BuildSQL(std::string what,

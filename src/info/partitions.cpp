@@ -224,16 +224,7 @@ int CSQLInfoPartitions::UnDropPartition(const char* name) {
 }
 
 int CSQLInfoPartitions::emit(Run& run, const char* op) {
-  CSQLClause* node = run.clause->GetClause(op);
-  const int code = run.code;
-  run.code = 0;
-  if (code != 0) {
-    if (node != nullptr) node->Clear();
-    return code;
-  }
-  const std::string path = std::string("*;C_ALTER_TAB_PART;") + op + ";*";
-  renderAndClear(run.statement, path.c_str(), node, run.out);
-  return 0;
+  return detail::EmitPartitionOperation(run.clause, run.statement, run.out, run.code, op);
 }
 
 int CSQLInfoPartitions::BuildSQL(std::string what,

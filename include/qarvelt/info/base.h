@@ -49,6 +49,13 @@ class CSQLInfoBase {
   // Every current text goes back to its initial text.
   virtual void Reset();
 
+  // Writes `statement` along `path`, trims the text on both sides, appends it to `out` when it is not
+  // empty, then clears `node` (the part of the tree just used) for the next statement.
+  static void RenderAndClear(CSQLClause* statement,
+                             const char* path,
+                             CSQLClause* node,
+                             std::vector<std::string>* out);
+
  protected:
   // Registers the record's properties; each record's constructor calls its own init().
   virtual void init();
@@ -57,12 +64,6 @@ class CSQLInfoBase {
   void setName(const char* name) { m_strName = name != nullptr ? name : ""; }
   // The change of a value (its current text when modified, else ""), by type.
   std::string changeOf(const char* type) { return *GetSQLValue(type); }
-  // Writes `statement` along `path`, trims the text on both sides, appends it to `out` when it is not
-  // empty, then clears `node` (the part of the tree just used) for the next statement.
-  static void renderAndClear(CSQLClause* statement,
-                             const char* path,
-                             CSQLClause* node,
-                             std::vector<std::string>* out);
 
   std::string m_strClass;
   std::string m_strName;
