@@ -1,5 +1,6 @@
 # Two entry points for a fresh machine:
-#   make run   builds the library and runs the bundled example
+#   make run   builds everything, then writes the bundled example table's CREATE script and the
+#              ALTER script from its old description to its new one (and runs the library examples)
 #   make test  builds everything and runs the whole test suite
 # Both first install missing Debian packages (scripts/install-deps.sh).
 # Extra CMake settings go in QARVELT_CMAKE_ARGS (for example -DQARVELT_WERROR=ON).
@@ -21,8 +22,13 @@ build: configure
 	cmake --build $(BUILD_DIR) -j $(JOBS)
 
 run: build
-	$(BUILD_DIR)/examples/qarvelt_example
-	$(BUILD_DIR)/examples/qarvelt_schema_change
+	@echo "-- qarvelt create examples/emp_old.json"
+	@$(BUILD_DIR)/tools/qarvelt create examples/emp_old.json
+	@echo "-- qarvelt diff examples/emp_old.json examples/emp_new.json"
+	@$(BUILD_DIR)/tools/qarvelt diff examples/emp_old.json examples/emp_new.json
+	@echo "-- the library used directly: examples/hand_built.cpp, examples/schema_change.cpp"
+	@$(BUILD_DIR)/examples/qarvelt_example
+	@$(BUILD_DIR)/examples/qarvelt_schema_change
 
 test: build
 	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)

@@ -1,0 +1,38 @@
+// The commands of the qarvelt tool. Each returns its statements (or its listing) and throws
+// ToolError for input it refuses.
+#ifndef QARVELT_TOOLS_COMMANDS_H
+#define QARVELT_TOOLS_COMMANDS_H
+
+#include <string>
+
+#include "common.h"
+#include "document.h"
+
+namespace qarvelt::tool {
+
+struct Options {
+  bool allow_recreate = false;     // diff: accept differences that need the table created anew
+  bool fail_on_data_loss = false;  // diff: refuse statements that lose data
+  bool quote_all = false;          // write every identifier in double quotes
+};
+
+// CREATE TABLE, its indexes and comments.
+Script RunCreate(const Table& table, const Options& options);
+// CREATE INDEX statements for some indexes of `table`.
+std::vector<std::string> CreateIndexStatements(const Table& table,
+                                               const std::vector<Index>& indexes,
+                                               const Options& options);
+// The ALTER script from `before` to `after`.
+Script RunDiff(const Table& before, const Table& after, const Options& options);
+// Any statement of the library from a low-level document (kind, release, values, items).
+Script RunRender(const std::string& text, const std::string& source);
+// Every attribute path of a statement kind's tree, one per line.
+std::string RunPaths(const std::string& kind, int release);
+// The statement kinds, one per line.
+std::string RunKinds();
+// The data types of a release, one per line.
+std::string RunTypes(int release);
+
+}  // namespace qarvelt::tool
+
+#endif  // QARVELT_TOOLS_COMMANDS_H

@@ -1,0 +1,55 @@
+#include "common.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace qarvelt::tool {
+
+namespace {
+
+std::size_t distance(const std::string& a, const std::string& b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  for (std::size_t j = 0; j <= b.size(); ++j)
+    row[j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const std::size_t above = row[j];
+      const bool same = std::toupper(static_cast<unsigned char>(a[i - 1])) ==
+                        std::toupper(static_cast<unsigned char>(b[j - 1]));
+      row[j] = std::min({row[j] + 1, row[j - 1] + 1, diagonal + (same ? 0 : 1)});
+      diagonal = above;
+    }
+  }
+  return row[b.size()];
+}
+
+}  // namespace
+
+std::vector<std::string> Nearest(const std::string& word,
+                                 const std::vector<std::string>& candidates,
+                                 int count) {
+  std::vector<std::pair<std::size_t, std::string>> scored;
+  for (const std::string& candidate : candidates)
+    scored.emplace_back(distance(word, candidate), candidate);
+  std::stable_sort(
+      scored.begin(), scored.end(), [](const auto& x, const auto& y) { return x.first < y.first; });
+  std::vector<std::string> best;
+  for (const auto& [score, candidate] : scored) {
+    if (static_cast<int>(best.size()) >= count) break;
+    best.push_back(candidate);
+  }
+  return best;
+}
+
+std::string JoinAlternatives(const std::vector<std::string>& words) {
+  std::string text;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (i > 0) text += i + 1 == words.size() ? " or " : ", ";
+    text += words[i];
+  }
+  return text;
+}
+
+}  // namespace qarvelt::tool

@@ -1,0 +1,963 @@
+// qarvelt create: the CREATE TABLE statement of a table document, one CREATE INDEX per index and the
+// COMMENT statements, in that order. Both CREATE statements are filled into the library's statement
+// trees and written by them; the comments are plain text (the library has no tree for them).
+//
+// The document is checked against its release first: what the release lacks (a data type, a
+// temporary table, list partitioning, ...) is refused with exit code 2, as is what Oracle would
+// refuse outright (a second primary key, a VARCHAR2 without length, a local index on a table that is
+// not partitioned). Anything the trees cannot write is refused too, with exit code 1: nothing the
+// document asks for is ever left out of the script.
+#include <algorithm>
+#include <set>
+
+#include <qarvelt/clauses/column.h>
+#include <qarvelt/clauses/constraint.h>
+#include <qarvelt/clauses/partition.h>
+#include <qarvelt/clauses/storage.h>
+#include <qarvelt/statements/create_index.h>
+#include <qarvelt/statements/create_table.h>
+#include <qarvelt/util/util.h>
+
+#include "commands.h"
+#include "create_support.h"
+#include "identifiers.h"
+
+namespace qarvelt::tool {
+
+namespace {
+
+using namespace create;
+using std::make_unique;
+using Part = CSQLClauseTablePartition;
+
+// The paths of CREATE TABLE.
+const std::string kRelational = "C_RELATIONAL_TABLE";
+const std::string kItems = kRelational + ";C_RELATIONAL_PROP;LIST";
+const std::string kPhysical = kRelational + ";C_PHYSICAL_PROP";
+const std::string kProps = kRelational + ";C_TABLE_PROP";
+const std::string kPartitioning = kProps + ";C_TABLE_PART";
+// ... and of CREATE INDEX.
+const std::string kOnTable = "C_TABLE_INDEX";
+const std::string kIndexAttributes = kOnTable + ";C_INDEX_ATTRIBUTES";
+
+std::string at(const std::string& list, std::size_t i) {
+  return list + "[" + std::to_string(i) + "]";
+}
+
+std::string item(const char* prefix, std::size_t i) {
+  return prefix + std::to_string(i + 1);
+}
+
+bool isLob(const std::string& type) {
+  return type == "BLOB" || type == "CLOB" || type == "NCLOB";
+}
+
+// An SQL string literal: in single quotes, quotes inside doubled.
+std::string literal(const std::string& text) {
+  std::string quoted = "'";
+  for (char c : text) {
+    quoted += c;
+    if (c == '\'') quoted += '\'';
+  }
+  return quoted + "'";
+}
+
+void checkUnique(const std::vector<std::string>& names, const std::string& where, const std::string& what) {
+  std::set<std::string> seen;
+  for (const std::string& name : names) {
+    if (!name.empty() && !seen.insert(name).second) Refuse(where, "two " + what + " named " + name);
+  }
+}
+
+// How a data type takes its sizes: a length (or precision) from `low` to `high`, needed or not, a
+// scale, a length unit.
+struct Sizes {
+  bool length = false, required = false;
+  long long low = 0, high = 0;
+  bool scale = false, unit = false;
+};
+
+Sizes sizesOf(const std::string& type, int release) {
+  const bool oracle7 = release == 0;
+  if (type == "VARCHAR2") return {true, true, 1, oracle7 ? 2000 : 4000, false, true};
+  if (type == "CHAR") return {true, false, 1, oracle7 ? 255 : 2000, false, true};
+  if (type == "NVARCHAR2") return {true, true, 1, 4000, false, false};
+  if (type == "NCHAR") return {true, false, 1, 2000, false, false};
+  if (type == "RAW") return {true, true, 1, oracle7 ? 255 : 2000, false, false};
+  if (type == "NUMBER") return {true, false, 1, 38, true, false};
+  if (type == "FLOAT") return {true, false, 1, 126, false, false};
+  if (type == "TIMESTAMP") return {true, false, 0, 9, false, false};  // fractional seconds
+  if (type == "UROWID") return {true, false, 1, 4000, false, false};
+  return {};
+}
+
+void checkDataType(const Column& c, int release, const std::string& where) {
+  const std::vector<std::string> types = CSQLUtil::GetDataTypes(release);
+  if (std::find(types.begin(), types.end(), c.type) == types.end()) {
+    for (int later = release + 1; later <= kLatestRelease; ++later) {
+      const std::vector<std::string> offered = CSQLUtil::GetDataTypes(later);
+      if (std::find(offered.begin(), offered.end(), c.type) != offered.end()) {
+        RequireRelease(release, later, where + ".type", "the data type " + c.type + " of column " + c.name);
+      }
+    }
+    Refuse(where + ".type",
+           "column " + c.name + ": unknown data type " + c.type + "; did you mean " +
+               JoinAlternatives(Nearest(c.type, types)) + "?");
+  }
+  const Sizes sizes = sizesOf(c.type, release);
+  const bool zoned = c.type.rfind("TIMESTAMP ", 0) == 0 || c.type.rfind("INTERVAL", 0) == 0;
+  if (zoned && (!c.length.empty() || !c.scale.empty())) {
+    // The data type leaf writes its sizes after the whole name: TIMESTAMP WITH TIME ZONE (6), which
+    // Oracle does not take (it wants TIMESTAMP (6) WITH TIME ZONE).
+    throw ToolError(kExitFailure,
+                    where + ": column " + c.name + ": the data type tree cannot write a precision inside " +
+                        c.type + "; leave it out (Oracle's default applies)");
+  }
+  if (!sizes.length && !c.length.empty()) Refuse(where + ".length", c.type + " takes no length or precision");
+  if (sizes.required && c.length.empty())
+    Refuse(where + ".length", "missing (" + c.type + " needs a length)");
+  CheckNumber(c.length, sizes.low, sizes.high, where + ".length");
+  if (!c.scale.empty()) {
+    if (!sizes.scale) Refuse(where + ".scale", c.type + " takes no scale");
+    if (c.length.empty()) Refuse(where + ".scale", "a scale needs a precision");
+    CheckNumber(c.scale, -84, 127, where + ".scale");
+  }
+  if (!c.unit.empty()) {
+    if (!sizes.unit) Refuse(where + ".unit", c.type + " takes no length unit");
+    if (c.length.empty()) Refuse(where + ".unit", "a length unit needs a length");
+    RequireRelease(release, 3, where + ".unit", "a length unit (BYTE or CHAR)");
+  }
+  if (!c.lob.empty() && !isLob(c.type)) Refuse(where + ".lob", c.type + " is not a LOB type with storage");
+}
+
+// One table document written as statements.
+class Writer {
+ public:
+  Writer(const Table& table, const Options& options)
+      : m_table(table), m_release(table.release), m_quoteAll(options.quote_all) {
+    if (m_release < 0 || m_release > kLatestRelease) Refuse("release", "unknown release code");
+  }
+
+  Script Run() {
+    checkColumns();
+    Script script;
+    script.statements.push_back(createTable());
+    for (std::size_t i = 0; i < m_table.indexes.size(); ++i)
+      script.statements.push_back(createIndex(m_table.indexes[i], i));
+    comments(script.statements);
+    return script;
+  }
+
+  // CREATE INDEX statements for some of the table's indexes (those a diff adds).
+  std::vector<std::string> IndexStatements(const std::vector<Index>& indexes) {
+    std::vector<std::string> statements;
+    for (const Index& x : indexes) {
+      std::size_t i = 0;
+      while (i < m_table.indexes.size() && m_table.indexes[i].name != x.name)
+        ++i;
+      statements.push_back(createIndex(x, i));
+    }
+    return statements;
+  }
+
+ private:
+  std::string id(const std::string& name, const std::string& where) const {
+    return Identifier(name, m_release, m_quoteAll, where);
+  }
+  // [schema.]name, for the statements written as text.
+  std::string qualified(const std::string& schema, const std::string& name) const {
+    return (schema.empty() ? "" : id(schema, "schema") + ".") + id(name, "name");
+  }
+  std::vector<std::string> ids(const std::vector<std::string>& names, const std::string& where) const {
+    std::vector<std::string> out;
+    for (std::size_t i = 0; i < names.size(); ++i)
+      out.push_back(id(names[i], at(where, i)));
+    return out;
+  }
+  // Columns of this table, as written: each must be one of the document's columns.
+  std::vector<std::string> columns(const std::vector<std::string>& names, const std::string& where) const {
+    std::vector<std::string> all;
+    for (const Column& c : m_table.columns)
+      all.push_back(c.name);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (std::find(all.begin(), all.end(), names[i]) == all.end()) {
+        Refuse(at(where, i),
+               "no column " + names[i] + " in the table; did you mean " +
+                   JoinAlternatives(Nearest(names[i], all, 1)) + "?");
+      }
+    }
+    return ids(names, where);
+  }
+
+  void checkColumns();
+  std::string createTable();
+  void column(TreeFiller& f, const Column& c, std::size_t i);
+  void constraint(TreeFiller& f, const Constraint& c, std::size_t i);
+  void constraintState(TreeFiller& f, const std::string& path, const Constraint& c, const std::string& where);
+  void physical(TreeFiller& f);
+  void segment(
+      TreeFiller& f, const std::string& path, const Segment& s, const std::string& where, bool pctused);
+  void tableProperties(TreeFiller& f);
+  void lobs(TreeFiller& f);
+  void partitioning(TreeFiller& f);
+  void partitionDescription(TreeFiller& f,
+                            const std::string& path,
+                            const Partition& p,
+                            const std::string& where);
+  void subpartition(
+      TreeFiller& f, const std::string& list, const Partition& s, std::size_t i, const std::string& where);
+  std::string createIndex(const Index& x, std::size_t i);
+  void localIndex(TreeFiller& f, const Index& x, const std::string& where);
+  void globalIndex(TreeFiller& f,
+                   const Index& x,
+                   const std::vector<std::string>& keys,
+                   const std::string& where);
+  void comments(std::vector<std::string>& statements) const;
+
+  const Table& m_table;
+  int m_release;
+  bool m_quoteAll;
+  std::size_t m_keyColumns = 0;  // of the primary key
+};
+
+void Writer::checkColumns() {
+  std::vector<std::string> names;
+  int longs = 0, primaryKeys = 0;
+  for (std::size_t i = 0; i < m_table.columns.size(); ++i) {
+    const Column& c = m_table.columns[i];
+    names.push_back(c.name);
+    checkDataType(c, m_release, at("columns", i));
+    if (c.type == "LONG" || c.type == "LONG RAW") ++longs;
+    if (c.primary_key) {
+      ++primaryKeys;
+      m_keyColumns = 1;
+    }
+  }
+  checkUnique(names, "columns", "columns");
+  if (longs > 1) Refuse("columns", "a table has at most one LONG or LONG RAW column");
+  for (const Constraint& c : m_table.constraints) {
+    if (c.type == "PRIMARY KEY") {
+      ++primaryKeys;
+      m_keyColumns = c.columns.size();
+    }
+  }
+  if (primaryKeys > 1) Refuse("constraints", "a table has at most one primary key");
+  if (m_table.organization == "INDEX" && primaryKeys == 0) {
+    Refuse("organization", "an index-organized table needs a primary key");
+  }
+}
+
+// ---- CREATE TABLE --------------------------------------------------------------------------------
+
+std::string Writer::createTable() {
+  const Table& t = m_table;
+  CSQLCreateTable statement(true, m_release);
+  TreeFiller f(statement, "CREATE TABLE");
+  if (t.temporary) {
+    RequireRelease(m_release, 3, "temporary", "a global temporary table");
+    f.Set(kRelational + ";TEMPORARY", "TEMPORARY", "temporary");
+    f.Set(kRelational + ";COMMIT", t.on_commit, "temporary.on_commit");
+  }
+  if (!t.schema.empty()) f.Set(kRelational + ";SCHEMA", id(t.schema, "schema"), "schema");
+  f.Set(kRelational + ";TABLE", id(t.name, "name"), "name");
+  for (std::size_t i = 0; i < t.columns.size(); ++i)
+    column(f, t.columns[i], i);
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < t.constraints.size(); ++i) {
+    constraint(f, t.constraints[i], i);
+    names.push_back(t.constraints[i].name);
+  }
+  for (const Column& c : t.columns)
+    names.push_back(c.constraint_name);
+  checkUnique(names, "constraints", "constraints");
+  physical(f);
+  tableProperties(f);
+  return f.Write();
+}
+
+void Writer::column(TreeFiller& f, const Column& c, std::size_t i) {
+  const std::string where = at("columns", i);
+  const std::string path = kItems + ";" + item("C", i);
+  f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("C", i).c_str()), where);
+  f.Set(path + ";COLUMN", id(c.name, where + ".name"), where + ".name");
+  f.Set(path + ";DATATYPE", c.type, where + ".type");
+  f.Set(path + ";DATATYPE;LENGTH", c.length, where + ".length");
+  f.Set(path + ";DATATYPE;SCALE", c.scale, where + ".scale");
+  f.Set(path + ";DATATYPE;UNIT", c.unit, where + ".unit");
+  f.Set(path + ";DEFAULT", c.default_value, where + ".default");
+
+  // One inline constraint each; the constraint name goes to the key or check constraint, or to NOT
+  // NULL when that is the only one.
+  if (c.unique && c.primary_key) Refuse(where, "a column is either unique or the primary key");
+  struct Inline {
+    bool given;
+    const char *leaf, *key;
+    std::string value;
+  } const constraints[] = {{c.not_null, "NULL", "not_null", "NOT NULL"},
+                           {c.unique, "UNIQUE", "unique", "UNIQUE"},
+                           {c.primary_key, "PRIMARY", "primary_key", "PRIMARY"},
+                           {!c.check.empty(), "CHECK", "check", c.check}};
+  const Inline* named = nullptr;
+  for (const Inline& k : constraints) {
+    if (k.given && (named == nullptr || std::string(named->leaf) == "NULL")) named = &k;
+  }
+  if (!c.constraint_name.empty() && named == nullptr) {
+    Refuse(where + ".constraint", "the column has no constraint to name");
+  }
+  std::size_t n = 0;
+  for (const Inline& k : constraints) {
+    if (!k.given) continue;
+    const std::string name = item("K", n++);
+    const std::string constraintPath = path + ";LIST;" + name;
+    f.Add(path + ";LIST", make_unique<CSQLClauseInlineConstraint>(name.c_str()), where + "." + k.key);
+    if (&k == named && !c.constraint_name.empty()) {
+      f.Set(constraintPath + ";CONSTRAINT",
+            id(c.constraint_name, where + ".constraint"),
+            where + ".constraint");
+    }
+    f.Set(constraintPath + ";" + k.leaf, k.value, where + "." + k.key);
+  }
+}
+
+void Writer::constraint(TreeFiller& f, const Constraint& c, std::size_t i) {
+  const std::string where = at("constraints", i);
+  const std::string base = kItems + ";" + item("R", i) + ";C_OUTLINE_CONSTRAINT";
+  f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("R", i).c_str()), where);
+  if (!c.name.empty()) f.Set(base + ";CONSTRAINT", id(c.name, where + ".name"), where + ".name");
+  if (c.type == "CHECK" && !c.columns.empty())
+    Refuse(where + ".columns", "a CHECK constraint takes no columns");
+  if (c.type != "CHECK" && !c.check.empty())
+    Refuse(where + ".check", "only a CHECK constraint takes a condition");
+  if (c.type != "FOREIGN KEY" && !c.ref_table.empty()) {
+    Refuse(where + ".references", "only a FOREIGN KEY takes references");
+  }
+  if (c.type == "FOREIGN KEY" && m_table.temporary) {
+    Refuse(where, "a temporary table cannot have foreign keys");
+  }
+  const std::vector<std::string> keys = columns(c.columns, where + ".columns");
+  if (c.type == "PRIMARY KEY" || c.type == "UNIQUE") {
+    const std::string leaf = c.type == "UNIQUE" ? "UNIQUE" : "PRIMARY";
+    f.Set(base + ";" + leaf, leaf, where + ".type");
+    f.AddTexts(base + ";" + leaf + ";LIST", keys, where + ".columns");
+  } else if (c.type == "FOREIGN KEY") {
+    const std::string references = base + ";FOREIGN;C_REFERENCES";
+    f.Set(base + ";FOREIGN", "FOREIGN", where + ".type");
+    f.AddTexts(base + ";FOREIGN;LIST", keys, where + ".columns");
+    if (!c.ref_schema.empty()) {
+      f.Set(references + ";SCHEMA",
+            id(c.ref_schema, where + ".references.schema"),
+            where + ".references.schema");
+    }
+    f.Set(references + ";OBJECT", id(c.ref_table, where + ".references.table"), where + ".references.table");
+    if (!c.ref_columns.empty() && c.ref_columns.size() != c.columns.size()) {
+      Refuse(where + ".references.columns", "as many columns as the foreign key has");
+    }
+    f.AddTexts(references + ";LIST",
+               ids(c.ref_columns, where + ".references.columns"),
+               where + ".references.columns");
+    if (!c.on_delete.empty()) {
+      if (c.on_delete == "SET NULL")
+        RequireRelease(m_release, 2, where + ".references.on_delete", "ON DELETE SET NULL");
+      f.Set(references + ";DELETE", "DELETE", where + ".references.on_delete");
+      f.Set(references + (c.on_delete == "CASCADE" ? ";CASCADE" : ";NULL"),
+            c.on_delete == "CASCADE" ? "CASCADE" : "NULL",
+            where + ".references.on_delete");
+    }
+  } else {
+    f.Set(base + ";CHECK", c.check, where + ".check");
+  }
+  constraintState(f, base + ";C_CONSTRAINT_STATE", c, where);
+}
+
+void Writer::constraintState(TreeFiller& f,
+                             const std::string& path,
+                             const Constraint& c,
+                             const std::string& where) {
+  const ConstraintState& s = c.state;
+  if (!s.deferrable.empty()) RequireRelease(m_release, 1, where + ".deferrable", "a deferrable constraint");
+  if (!s.initially.empty()) RequireRelease(m_release, 1, where + ".initially", "INITIALLY");
+  if (!s.validate.empty()) RequireRelease(m_release, 1, where + ".validate", "VALIDATE and NOVALIDATE");
+  if (!s.rely.empty()) RequireRelease(m_release, 2, where + ".rely", "RELY and NORELY");
+  if (s.deferrable == "NOT DEFERRABLE" && s.initially == "DEFERRED") {
+    Refuse(where + ".initially", "a constraint that is not deferrable cannot be initially deferred");
+  }
+  f.Set(path + ";DEFERRABLE", s.deferrable, where + ".deferrable");
+  f.Set(path + ";INITIALLY", s.initially, where + ".initially");
+  f.Set(path + ";ENABLE", s.enable, where + ".enabled");
+  f.Set(path + ";VALIDATE", s.validate, where + ".validate");
+  f.Set(path + ";RELY", s.rely, where + ".rely");
+
+  const std::string usingIndex = where + ".using_index";
+  const bool existing = !s.index_name.empty() || !s.index_schema.empty();
+  if (!existing && s.index_tablespace.empty()) return;
+  if (c.type != "PRIMARY KEY" && c.type != "UNIQUE")
+    Refuse(usingIndex, "only a key constraint uses an index");
+  if (existing && !s.index_tablespace.empty()) {
+    Refuse(usingIndex, "give either an existing index (schema, name) or the tablespace of a new one");
+  }
+  if (existing) {
+    RequireRelease(m_release, 6, usingIndex, "USING INDEX of an existing index");
+    if (s.index_name.empty()) Refuse(usingIndex + ".name", "missing (the existing index's name)");
+    if (!s.index_schema.empty()) {
+      f.Set(
+          path + ";C_USING_INDEX;SCHEMA", id(s.index_schema, usingIndex + ".schema"), usingIndex + ".schema");
+    }
+    f.Set(path + ";C_USING_INDEX;INDEX", id(s.index_name, usingIndex + ".name"), usingIndex + ".name");
+  } else {
+    f.Set(path + ";C_USING_INDEX;TABLESPACE",
+          id(s.index_tablespace, usingIndex + ".tablespace"),
+          usingIndex + ".tablespace");
+  }
+}
+
+void Writer::physical(TreeFiller& f) {
+  const Table& t = m_table;
+  const bool iot = t.organization == "INDEX";
+  std::string attributes = kPhysical + ";C_SEG_ATTRIBUTE";
+  if (iot) {
+    RequireRelease(m_release, 1, "organization", "an index-organized table");
+    f.Set(kPhysical + ";INDEX", "INDEX", "organization");
+    attributes = kPhysical + ";INDEX;C_SEG_ATTRIBUTE";
+  }
+  if (t.temporary) {
+    if (!t.tablespace.empty())
+      RequireRelease(m_release, 7, "tablespace", "the tablespace of a temporary table");
+    if (!t.segment.empty()) Refuse("physical", "a temporary table takes no physical or storage attributes");
+    if (!t.logging.empty()) Refuse("logging", "a temporary table takes no LOGGING or NOLOGGING");
+    if (!t.compress.empty()) Refuse("compress", "a temporary table cannot be compressed");
+  }
+  if (!t.tablespace.empty()) {
+    f.Set(attributes + ";TABLESPACE", id(t.tablespace, "tablespace"), "tablespace");
+  }
+  segment(f, attributes + ";C_PHYSICAL_ATTRIBUTES", t.segment, "", !iot);
+  if (!t.logging.empty()) RequireRelease(m_release, 2, "logging", "LOGGING and NOLOGGING");
+  f.Set(attributes + ";LOGGING", t.logging, "logging");
+  if (t.compress.empty()) return;
+  if (iot) {
+    // An index-organized table compresses its key: COMPRESS or NOCOMPRESS of its index.
+    RequireRelease(m_release, 2, "compress", "key compression of an index-organized table");
+    if (t.compress == "COMPRESS" && m_keyColumns < 2) {
+      Refuse("compress", "a one-column primary key has no prefix to compress");
+    }
+    f.SetUnrecorded(kPhysical + ";INDEX;C_IDX_ORG_TABLE;C_KEY_COMPRESSION;COMPRESS", t.compress, "compress");
+  } else {
+    RequireRelease(m_release, 4, "compress", "table compression");
+    f.Set(kPhysical + ";COMPRESS", t.compress, "compress");
+  }
+}
+
+// The physical attributes and STORAGE of a table, partition or index, at `path` (a
+// C_PHYSICAL_ATTRIBUTES node); `where` is the document's place of the owner ("" or "...].").
+void Writer::segment(
+    TreeFiller& f, const std::string& path, const Segment& s, const std::string& where, bool pctused) {
+  const std::string physical = where + "physical.", storage = where + "storage.";
+  if (!pctused && !s.pctused.empty()) {
+    Refuse(physical + "pctused", "an index or an index-organized table takes no PCTUSED");
+  }
+  CheckNumber(s.pctfree, 0, 99, physical + "pctfree");
+  CheckNumber(s.pctused, 1, 99, physical + "pctused");
+  if (!s.pctfree.empty() && !s.pctused.empty() && std::stoll(s.pctfree) + std::stoll(s.pctused) > 100) {
+    Refuse(physical + "pctused", "PCTFREE and PCTUSED add up to more than 100");
+  }
+  CheckNumber(s.initrans, 1, 255, physical + "initrans");
+  CheckNumber(s.maxtrans, 1, 255, physical + "maxtrans");
+  CheckSize(s.initial, m_release, storage + "initial");
+  CheckSize(s.next, m_release, storage + "next");
+  CheckNumber(s.minextents, 1, 2147483645, storage + "minextents");
+  if (s.maxextents != "UNLIMITED") CheckNumber(s.maxextents, 1, 2147483645, storage + "maxextents");
+  CheckNumber(s.pctincrease, 0, 999999999, storage + "pctincrease");
+  CheckNumber(s.freelists, 1, 999999999, storage + "freelists");
+  CheckNumber(s.freelist_groups, 1, 999999999, storage + "freelist_groups");
+  if (!s.buffer_pool.empty()) {
+    if (s.buffer_pool != "KEEP" && s.buffer_pool != "RECYCLE" && s.buffer_pool != "DEFAULT") {
+      Refuse(storage + "buffer_pool", "\"" + s.buffer_pool + "\" is not one of KEEP, RECYCLE or DEFAULT");
+    }
+    RequireRelease(m_release, 2, storage + "buffer_pool", "BUFFER_POOL");
+  }
+  f.Set(path + ";PCTFREE", s.pctfree, physical + "pctfree");
+  f.Set(path + ";PCTUSED", s.pctused, physical + "pctused");
+  f.Set(path + ";INITRANS", s.initrans, physical + "initrans");
+  f.Set(path + ";MAXTRANS", s.maxtrans, physical + "maxtrans");
+  const std::string st = path + ";C_STORAGE;";
+  f.Set(st + "INITIAL", s.initial, storage + "initial");
+  f.Set(st + "NEXT", s.next, storage + "next");
+  f.Set(st + "MINEXTENTS", s.minextents, storage + "minextents");
+  f.Set(st + "MAXEXTENTS", s.maxextents, storage + "maxextents");
+  f.Set(st + "PCTINCREASE", s.pctincrease, storage + "pctincrease");
+  f.Set(st + "FREELISTS", s.freelists, storage + "freelists");
+  f.Set(st + "FREELIST", s.freelist_groups, storage + "freelist_groups");
+  f.Set(st + "BUFFER_POOL", s.buffer_pool, storage + "buffer_pool");
+}
+
+// "PARALLEL", "NOPARALLEL" or a degree, into the C_PARALLEL node at `path`, in the shape of the
+// node's release.
+void setParallel(TreeFiller& f,
+                 const std::string& path,
+                 const std::string& parallel,
+                 int release,
+                 const std::string& where) {
+  if (parallel.empty()) return;
+  const bool degree = IsDigits(parallel);
+  f.Set(path + ";PARALLEL", degree ? "PARALLEL" : parallel, where);
+  if (!degree) return;
+  if (release >= 3) {
+    f.Set(path + ";PARALLEL;VALUE", parallel, where);
+  } else {
+    f.Add(path + ";PARALLEL;LIST", make_unique<CSQLClauseParallel::CSubSQLItem>("DEGREE"), where);
+    f.Set(path + ";PARALLEL;LIST;DEGREE;DEGREE", "DEGREE", where);
+    f.Set(path + ";PARALLEL;LIST;DEGREE;DEGREE;VALUE", parallel, where);
+  }
+}
+
+void Writer::tableProperties(TreeFiller& f) {
+  const Table& t = m_table;
+  lobs(f);
+  partitioning(f);
+  f.Set(kProps + ";CACHE", t.cache, "cache");
+  if (!t.monitoring.empty()) RequireRelease(m_release, 2, "monitoring", "MONITORING and NOMONITORING");
+  f.Set(kProps + ";MONITORING", t.monitoring, "monitoring");
+  setParallel(f, kProps + ";C_PARALLEL", t.parallel, m_release, "parallel");
+  if (!t.row_movement.empty()) RequireRelease(m_release, 2, "row_movement", "row movement");
+  f.Set(kProps + ";MOVEMENT", t.row_movement, "row_movement");
+}
+
+void Writer::lobs(TreeFiller& f) {
+  std::vector<std::size_t> stored;
+  for (std::size_t i = 0; i < m_table.columns.size(); ++i) {
+    if (!m_table.columns[i].lob.empty()) stored.push_back(i);
+  }
+  if (stored.empty()) return;
+  const std::string first = at("columns", stored[0]) + ".lob";
+  // The table trees have column properties from release code 6, one of them at 6.
+  RequireRelease(m_release, 6, first, "the LOB storage clause of a column");
+  if (stored.size() > 1) {
+    RequireRelease(m_release, 7, at("columns", stored[1]) + ".lob", "LOB storage for more than one column");
+  }
+  for (std::size_t n = 0; n < stored.size(); ++n) {
+    const Column& c = m_table.columns[stored[n]];
+    const LobStorage& lob = c.lob;
+    const std::string where = at("columns", stored[n]) + ".lob";
+    std::string base = kProps + ";C_COLUMN_PROP;C_LOB_STORAGE";
+    if (m_release >= 7) {
+      f.Add(kProps + ";C_COLUMN_PROP;LISTLOB",
+            make_unique<CSQLClauseColumnProp::CSubSQLItemLOB>(item("L", n).c_str()),
+            where);
+      base = kProps + ";C_COLUMN_PROP;LISTLOB;" + item("L", n) + ";C_LOB_STORAGE";
+    }
+    CheckNumber(lob.chunk, 1, 32768, where + ".chunk");
+    CheckNumber(lob.pctversion, 0, 100, where + ".pctversion");
+    if (!lob.pctversion.empty() && !lob.retention.empty()) {
+      Refuse(where + ".retention", "give either PCTVERSION or RETENTION, not both");
+    }
+    if (!lob.logging.empty() && lob.cache != "NOCACHE" && lob.cache != "CACHE READS") {
+      Refuse(where + ".logging", "LOGGING and NOLOGGING go with NOCACHE or CACHE READS");
+    }
+    if (lob.cache == "CACHE READS") RequireRelease(m_release, 2, where + ".cache", "CACHE READS");
+
+    f.Set(base + ";LOBITEM", id(c.name, at("columns", stored[n]) + ".name"), where);
+    std::string parameters = base + ";LOBITEM;C_LOB_PARAMETER";
+    if (!lob.segment.empty()) {
+      f.Set(base + ";LOBITEM;LOBSEG", id(lob.segment, where + ".segment"), where + ".segment");
+      parameters = base + ";LOBITEM;LOBSEG;C_LOB_PARAMETER";
+    }
+    if (!lob.tablespace.empty()) {
+      f.Set(parameters + ";TABLESPACE", id(lob.tablespace, where + ".tablespace"), where + ".tablespace");
+    }
+    f.Set(parameters + ";ENABLE", lob.in_row, where + ".in_row");
+    f.Set(parameters + ";CHUNK", lob.chunk, where + ".chunk");
+    f.Set(parameters + ";PCTVERSION", lob.pctversion, where + ".pctversion");
+    f.Set(parameters + ";RETENTION", lob.retention, where + ".retention");
+    f.Set(parameters + ";CACHE", lob.cache == "CACHE READS" ? "CACHE" : lob.cache, where + ".cache");
+    f.Set(parameters + ";CACHE;READS", lob.cache == "CACHE READS" ? "READS" : "", where + ".cache");
+    f.Set(parameters + ";CACHE;LOGGING", lob.logging, where + ".logging");
+  }
+}
+
+// ---- partitioning --------------------------------------------------------------------------------
+
+void Writer::partitioning(TreeFiller& f) {
+  const Partitioning& p = m_table.partitioning;
+  if (p.type.empty()) return;
+  const std::string where = "partitioning";
+  RequireRelease(m_release, 1, where, "a partitioned table");
+  if (m_table.temporary) Refuse(where, "a temporary table cannot be partitioned");
+  if (m_table.organization == "INDEX") {
+    RequireRelease(m_release, 2, where, "a partitioned index-organized table");
+  }
+  const bool composite = !p.subtype.empty();
+  if (p.type == "HASH") RequireRelease(m_release, 3, where + ".type", "hash partitioning");
+  if (p.type == "LIST") RequireRelease(m_release, 6, where + ".type", "list partitioning");
+  if (composite) {
+    RequireRelease(m_release,
+                   p.subtype == "LIST" ? 4 : 3,
+                   where + ".subpartitioning",
+                   "range-" + std::string(p.subtype == "LIST" ? "list" : "hash") + " composite partitioning");
+  }
+  const std::vector<std::string> keys = columns(p.columns, where + ".columns");
+  if (p.type == "LIST" && keys.size() != 1) Refuse(where + ".columns", "list partitioning takes one column");
+  if (p.type != "HASH" && p.count > 0) Refuse(where + ".count", "only hash partitioning takes a count");
+  if (p.type == "HASH" && p.count > 0 && !p.partitions.empty()) {
+    Refuse(where + ".count", "give either the count or the partitions, not both");
+  }
+  const bool byCount = (p.type == "HASH" && p.count > 0) || (p.subtype == "HASH" && p.subcount > 0);
+  if (!p.store_in.empty() && !byCount) {
+    Refuse(where + ".store_in", "tablespaces are stored in by a count of hash partitions or subpartitions");
+  }
+  const std::vector<std::string> storeIn = ids(p.store_in, where + ".store_in");
+  std::vector<std::string> names;
+  for (const Partition& part : p.partitions) {
+    names.push_back(part.name);
+    for (const Partition& sub : part.subpartitions)
+      names.push_back(sub.name);
+  }
+  for (const Partition& sub : p.subtemplate)
+    names.push_back(sub.name);
+  checkUnique(names, where + ".partitions", "partitions or subpartitions");
+
+  std::string base;
+  if (composite) {
+    base = kPartitioning + ";C_COMPOSITE_PART";
+    const std::string sub = where + ".subpartitioning";
+    const std::vector<std::string> subkeys = columns(p.subcolumns, sub + ".columns");
+    if (p.subcount > 0 && !p.subtemplate.empty())
+      Refuse(sub + ".count", "give either the count or a template, not both");
+    std::string templ;
+    if (p.subtype == "HASH") {
+      f.AddTexts(base + ";C_SUBPART_BY_HASH;LIST", subkeys, sub + ".columns");
+      f.Set(base + ";C_SUBPART_BY_HASH;QUANTITY",
+            p.subcount > 0 ? std::to_string(p.subcount) : "",
+            sub + ".count");
+      f.AddTexts(base + ";C_SUBPART_BY_HASH;QUANTITY;LIST", storeIn, where + ".store_in");
+      templ = base + ";C_SUBPART_BY_HASH;C_SUBPART_TEMPLATE;LIST";
+    } else {
+      if (subkeys.size() != 1) Refuse(sub + ".columns", "list subpartitioning takes one column");
+      if (p.subcount > 0) Refuse(sub + ".count", "list subpartitions are listed, not counted");
+      f.Set(base + ";C_SUBPART_BY_LIST;COLUMN", subkeys[0], sub + ".columns");
+      templ = base + ";C_SUBPART_BY_LIST;C_SUBPART_TEMPLATE;LIST";
+    }
+    if (!p.subtemplate.empty()) {
+      RequireRelease(m_release, 4, sub + ".template", "a subpartition template");
+      for (std::size_t i = 0; i < p.subtemplate.size(); ++i)
+        subpartition(f, templ, p.subtemplate[i], i, at(sub + ".template", i));
+      // The table-level template list opens with a bare bracket, which Oracle reads as the partition
+      // list: it needs its keywords in front.
+      CSQLClause* list = f.Node(templ);
+      if (list != nullptr && list->GetPrefix() == "(") list->SetPrefix("SUBPARTITION TEMPLATE (");
+    }
+  } else if (p.type == "RANGE") {
+    base = kPartitioning + ";C_RANGE_PART";
+  } else if (p.type == "HASH") {
+    base = kPartitioning + ";C_HASH_PART";
+    f.Set(base + ";C_BY_QUANTITY;QUANTITY", p.count > 0 ? std::to_string(p.count) : "", where + ".count");
+    f.AddTexts(base + ";C_BY_QUANTITY;LIST", storeIn, where + ".store_in");
+  } else {
+    base = kPartitioning + ";C_LIST_PART";
+  }
+  if (p.type == "LIST") {
+    f.Set(base + ";COLUMN", keys[0], where + ".columns");
+  } else {
+    f.AddTexts(base + ";LIST", keys, where + ".columns");
+  }
+
+  const std::string list = base + (p.type == "LIST" ? ";LIST" : ";LISTSUB");
+  for (std::size_t i = 0; i < p.partitions.size(); ++i) {
+    const Partition& part = p.partitions[i];
+    const std::string w = at(where + ".partitions", i);
+    const std::string path = list + ";" + item("P", i);
+    if (p.type == "HASH") {
+      f.Add(list, make_unique<Part::CSubSQLItemHash>(item("P", i).c_str()), w);
+    } else if (p.type == "LIST") {
+      f.Add(list, make_unique<Part::CSubSQLItemList>(item("P", i).c_str()), w);
+    } else {
+      f.Add(list, make_unique<Part::CSubSQLItemRange>(item("P", i).c_str()), w);
+    }
+    f.Set(path + ";PARTITION", id(part.name, w + ".name"), w + ".name");
+    if (p.type != "RANGE" && !part.values_less_than.empty()) {
+      Refuse(w + ".values_less_than", "only a range partition has bounds");
+    }
+    if (p.type != "LIST" && !part.values.empty()) Refuse(w + ".values", "only a list partition has values");
+    if (!composite && !part.subpartitions.empty()) {
+      Refuse(w + ".subpartitions", "the table has no subpartitioning");
+    }
+    if (p.type == "RANGE") {
+      if (part.values_less_than.size() != keys.size()) {
+        Refuse(w + ".values_less_than",
+               "one bound per partitioning column (" + JoinAlternatives(p.columns) + ")");
+      }
+      f.AddTexts(path + ";C_RANGEVALUES;LIST", part.values_less_than, w + ".values_less_than");
+      for (std::size_t j = 0; j < part.subpartitions.size(); ++j) {
+        subpartition(
+            f, path + ";C_SUBPART_TEMPLATE;LIST", part.subpartitions[j], j, at(w + ".subpartitions", j));
+      }
+    } else if (p.type == "LIST") {
+      if (part.values.empty()) Refuse(w + ".values", "missing (a list partition has values)");
+      if (part.values.size() == 1 && part.values[0] == "DEFAULT") {
+        f.Set(path + ";C_LISTVALUES;DEFAULT", "DEFAULT", w + ".values");
+      } else {
+        if (std::find(part.values.begin(), part.values.end(), "DEFAULT") != part.values.end()) {
+          Refuse(w + ".values", "DEFAULT stands alone");
+        }
+        f.AddTexts(path + ";C_LISTVALUES;LIST", part.values, w + ".values");
+      }
+    } else {
+      // A hash partition takes a tablespace only.
+      if (!part.logging.empty() || !part.compress.empty() || !part.segment.empty()) {
+        Refuse(w, "a hash partition takes a tablespace only");
+      }
+      if (!part.tablespace.empty()) {
+        f.Set(path + ";C_PARTITION_STORAGE;TABLESPACE",
+              id(part.tablespace, w + ".tablespace"),
+              w + ".tablespace");
+      }
+      continue;
+    }
+    partitionDescription(f, path + ";C_TAB_PART_DESC", part, w);
+  }
+}
+
+void Writer::partitionDescription(TreeFiller& f,
+                                  const std::string& path,
+                                  const Partition& p,
+                                  const std::string& where) {
+  const std::string attributes = path + ";C_SEG_ATTRIBUTE";
+  if (!p.tablespace.empty()) {
+    f.Set(attributes + ";TABLESPACE", id(p.tablespace, where + ".tablespace"), where + ".tablespace");
+  }
+  segment(f, attributes + ";C_PHYSICAL_ATTRIBUTES", p.segment, where + ".", m_table.organization != "INDEX");
+  if (!p.logging.empty()) RequireRelease(m_release, 2, where + ".logging", "LOGGING and NOLOGGING");
+  f.Set(attributes + ";LOGGING", p.logging, where + ".logging");
+  if (!p.compress.empty()) {
+    RequireRelease(m_release, 4, where + ".compress", "table compression");
+    if (m_table.organization == "INDEX")
+      Refuse(where + ".compress", "the partitions of an index-organized table compress their key");
+  }
+  f.Set(path + ";COMPRESS", p.compress, where + ".compress");
+}
+
+void Writer::subpartition(
+    TreeFiller& f, const std::string& list, const Partition& s, std::size_t i, const std::string& where) {
+  const std::string path = list + ";" + item("S", i);
+  f.Add(list, make_unique<Part::CSubSQLItemTemplate>(item("S", i).c_str()), where);
+  f.Set(path + ";SUBPARTITION", id(s.name, where + ".name"), where + ".name");
+  if (!s.values_less_than.empty()) Refuse(where + ".values_less_than", "a subpartition has no bounds");
+  if (m_table.partitioning.subtype == "HASH") {
+    if (!s.values.empty()) Refuse(where + ".values", "a hash subpartition has no values");
+  } else if (s.values.empty()) {
+    Refuse(where + ".values", "missing (a list subpartition has values)");
+  } else if (s.values.size() == 1 && s.values[0] == "DEFAULT") {
+    f.Set(path + ";C_LISTVALUES;DEFAULT", "DEFAULT", where + ".values");
+  } else {
+    f.AddTexts(path + ";C_LISTVALUES;LIST", s.values, where + ".values");
+  }
+  if (!s.tablespace.empty()) {
+    f.Set(path + ";C_PARTITION_STORAGE;TABLESPACE",
+          id(s.tablespace, where + ".tablespace"),
+          where + ".tablespace");
+  }
+}
+
+// ---- CREATE INDEX --------------------------------------------------------------------------------
+
+std::string Writer::createIndex(const Index& x, std::size_t i) {
+  const std::string where = at("indexes", i);
+  CSQLCreateIndex statement(true, m_release);
+  TreeFiller f(statement, "CREATE INDEX");
+  if (x.unique && x.bitmap) Refuse(where, "an index is either unique or bitmap");
+  if (x.bitmap && x.reverse) Refuse(where + ".reverse", "a bitmap index cannot be reverse");
+  if (x.bitmap && !m_table.partitioning.type.empty() && !x.local) {
+    Refuse(where + ".local", "a bitmap index on a partitioned table is local");
+  }
+  f.Set("TYPE", x.unique ? "UNIQUE" : (x.bitmap ? "BITMAP" : ""), where + (x.unique ? ".unique" : ".bitmap"));
+  const std::string& schema = x.schema.empty() ? m_table.schema : x.schema;
+  if (!schema.empty()) f.Set("SCHEMA", id(schema, where + ".schema"), where + ".schema");
+  f.Set("INDEX", id(x.name, where + ".name"), where + ".name");
+  if (!m_table.schema.empty()) f.Set(kOnTable + ";SCHEMA", id(m_table.schema, "schema"), "schema");
+  f.Set(kOnTable + ";TABLE", id(m_table.name, "name"), "name");
+
+  std::vector<std::string> keys;  // the key columns, as written ("" for an expression)
+  for (std::size_t j = 0; j < x.keys.size(); ++j) {
+    const IndexKey& k = x.keys[j];
+    const std::string w = at(where + ".columns", j);
+    const std::string path = kOnTable + ";LIST;" + item("K", j);
+    f.Add(kOnTable + ";LIST", make_unique<CSQLCreateIndex::CSubSQLItemIndexExpr>(item("K", j).c_str()), w);
+    if (k.expression.empty()) {
+      keys.push_back(columns({k.column}, w).front());
+      f.Set(path + ";COLUMN", keys.back(), w);
+    } else {
+      RequireRelease(m_release, 2, w + ".expression", "an index on an expression");
+      keys.emplace_back();
+      f.Set(path + ";EXPR", k.expression, w + ".expression");
+    }
+    f.Set(path + ";ASC", k.order, w + ".order");
+  }
+
+  segment(f, kIndexAttributes + ";C_PHYSICAL_ATTRIBUTES", x.segment, where + ".", false);
+  if (!x.logging.empty()) RequireRelease(m_release, 2, where + ".logging", "LOGGING and NOLOGGING");
+  f.Set(kIndexAttributes + ";LOGGING", x.logging, where + ".logging");
+  if (!x.tablespace.empty()) {
+    f.Set(kIndexAttributes + ";TABLESPACE", id(x.tablespace, where + ".tablespace"), where + ".tablespace");
+  }
+  if (!x.compress.empty()) {
+    RequireRelease(m_release, 2, where + ".compress", "key compression");
+    // A unique key keeps its last column out of the compressed prefix.
+    const bool prefix = IsDigits(x.compress);
+    const long long most = static_cast<long long>(x.keys.size()) - (x.unique ? 1 : 0);
+    if (x.compress != "NOCOMPRESS" && most < 1) {
+      Refuse(where + ".compress", "a unique index on one column has no prefix to compress");
+    }
+    if (prefix) CheckNumber(x.compress, 1, most, where + ".compress");
+    const std::string compression = kIndexAttributes + ";C_KEY_COMPRESSION;COMPRESS";
+    if (x.compress == "NOCOMPRESS") {
+      f.SetUnrecorded(compression, x.compress, where + ".compress");
+    } else {
+      f.Set(compression, "COMPRESS", where + ".compress");
+      f.Set(compression + ";VALUE", prefix ? x.compress : "", where + ".compress");
+    }
+  }
+  if (x.reverse) {
+    RequireRelease(m_release, 1, where + ".reverse", "a reverse key index");
+    f.Set(kIndexAttributes + ";REVERSE", "REVERSE", where + ".reverse");
+  }
+  if (IsDigits(x.parallel)) {
+    // The index tree writes PARALLEL n, the form of release code 3 on.
+    RequireRelease(m_release, 3, where + ".parallel", "a degree of parallelism for an index");
+  }
+  setParallel(f, kIndexAttributes + ";C_PARALLEL", x.parallel, kLatestRelease, where + ".parallel");
+  if (x.local) localIndex(f, x, where);
+  if (!x.global_type.empty()) globalIndex(f, x, keys, where);
+  return f.Write();
+}
+
+void Writer::localIndex(TreeFiller& f, const Index& x, const std::string& where) {
+  const Partitioning& p = m_table.partitioning;
+  RequireRelease(m_release, 1, where + ".local", "a local index");
+  if (p.type.empty()) Refuse(where + ".local", "a local index needs a partitioned table");
+  if (x.unique) {
+    std::vector<std::string> all = p.columns;
+    all.insert(all.end(), p.subcolumns.begin(), p.subcolumns.end());
+    for (const std::string& column : all) {
+      const bool keyed =
+          std::any_of(x.keys.begin(), x.keys.end(), [&](const IndexKey& k) { return k.column == column; });
+      if (!keyed) Refuse(where + ".local", "a unique local index holds the partitioning column " + column);
+    }
+  }
+  const std::string local = kOnTable + ";C_LOCAL_PARTED;LOCAL";
+  f.Set(local, "LOCAL", where + ".local");
+  if (x.local_partitions.empty()) return;
+  const std::size_t expected =
+      p.type == "HASH" && p.count > 0 ? static_cast<std::size_t>(p.count) : p.partitions.size();
+  if (x.local_partitions.size() != expected) {
+    Refuse(where + ".local.partitions",
+           "a local index has as many partitions as the table (" + std::to_string(expected) + ")");
+  }
+  const bool composite = !p.subtype.empty();
+  const std::string list = local + (composite           ? ";C_ON_COMP;LIST"
+                                    : p.type == "RANGE" ? ";C_ON_RANGE;LIST"
+                                    : p.type == "LIST"  ? ";C_ON_LIST;LIST"
+                                                        : ";C_ON_HASH;LIST");
+  for (std::size_t j = 0; j < x.local_partitions.size(); ++j) {
+    const Partition& part = x.local_partitions[j];
+    const std::string w = at(where + ".local.partitions", j);
+    if (!part.values.empty() || !part.values_less_than.empty()) {
+      Refuse(w, "a local index partition takes its bounds from the table");
+    }
+    if (composite) {
+      f.Add(list, make_unique<CSQLCreateIndex::CSubSQLItemCompPartition>(item("P", j).c_str()), w);
+    } else {
+      f.Add(list, make_unique<CSQLCreateIndex::CSubSQLItemPartition>(item("P", j).c_str()), w);
+    }
+    const std::string path = list + ";" + item("P", j);
+    f.Set(path + ";PARTITION", id(part.name, w + ".name"), w + ".name");
+    if (!part.tablespace.empty()) {
+      f.Set(path + ";C_SEG_ATTRIBUTE;TABLESPACE", id(part.tablespace, w + ".tablespace"), w + ".tablespace");
+    }
+  }
+}
+
+void Writer::globalIndex(TreeFiller& f,
+                         const Index& x,
+                         const std::vector<std::string>& keys,
+                         const std::string& where) {
+  const std::string w = where + ".global";
+  const bool hash = x.global_type == "HASH";
+  RequireRelease(
+      m_release, hash ? 5 : 1, w, hash ? "a global hash partitioned index" : "a global partitioned index");
+  if (x.bitmap) Refuse(w, "a bitmap index cannot be globally partitioned");
+  const std::vector<std::string> columnsOf = columns(x.global_columns, w + ".columns");
+  for (std::size_t j = 0; j < columnsOf.size(); ++j) {
+    if (j >= keys.size() || keys[j] != columnsOf[j]) {
+      Refuse(w + ".columns", "the partitioning columns of a global index lead its key columns");
+    }
+  }
+  const std::string base = kOnTable + ";C_GLOBAL_PARTED;" + (hash ? "C_HASH_PART" : "C_RANGE_PART");
+  f.AddTexts(base + ";LIST", columnsOf, w + ".columns");
+  if (!hash && x.global_count > 0) Refuse(w + ".count", "only hash partitioning takes a count");
+  if (hash && (x.global_count > 0) == !x.global_partitions.empty()) {
+    Refuse(w, "give either the count or the partitions of a hash partitioned index");
+  }
+  if (!hash && x.global_partitions.empty())
+    Refuse(w + ".partitions", "missing (range partitioning lists its partitions)");
+  if (hash && x.global_count > 0)
+    f.Set(base + ";C_BY_QUANTITY;QUANTITY", std::to_string(x.global_count), w + ".count");
+  const std::string list = base + (hash ? ";LISTSUB" : ";LISTPART");
+  for (std::size_t j = 0; j < x.global_partitions.size(); ++j) {
+    const Partition& part = x.global_partitions[j];
+    const std::string pw = at(w + ".partitions", j);
+    const std::string path = list + ";" + item("P", j);
+    if (!part.values.empty()) Refuse(pw + ".values", "a global index partition has no list values");
+    if (hash) {
+      if (!part.values_less_than.empty()) Refuse(pw + ".values_less_than", "a hash partition has no bounds");
+      f.Add(list, make_unique<Part::CSubSQLItemHash>(item("P", j).c_str()), pw);
+    } else {
+      if (part.values_less_than.size() != columnsOf.size()) {
+        Refuse(pw + ".values_less_than", "one bound per partitioning column");
+      }
+      const bool last = j + 1 == x.global_partitions.size();
+      const bool open = std::all_of(part.values_less_than.begin(),
+                                    part.values_less_than.end(),
+                                    [](const std::string& v) { return v == "MAXVALUE"; });
+      if (last && !open)
+        Refuse(pw + ".values_less_than", "the last partition of a global range index is bounded by MAXVALUE");
+      f.Add(list, make_unique<CSQLCreateIndex::CSubSQLItemGlobalPartitioning>(item("P", j).c_str()), pw);
+      f.AddTexts(path + ";LIST", part.values_less_than, pw + ".values_less_than");
+    }
+    f.Set(path + ";PARTITION", id(part.name, pw + ".name"), pw + ".name");
+    if (!part.tablespace.empty()) {
+      const std::string tablespace =
+          path + (hash ? ";C_PARTITION_STORAGE;TABLESPACE" : ";C_SEG_ATTRIBUTE;TABLESPACE");
+      f.Set(tablespace, id(part.tablespace, pw + ".tablespace"), pw + ".tablespace");
+    }
+  }
+}
+
+// ---- COMMENT ON ----------------------------------------------------------------------------------
+
+void Writer::comments(std::vector<std::string>& statements) const {
+  constexpr std::size_t kLongest = 4000;  // bytes of a comment
+  const std::string table = qualified(m_table.schema, m_table.name);
+  if (!m_table.comment.empty()) {
+    if (m_table.comment.size() > kLongest) Refuse("comment", "longer than 4000 bytes");
+    statements.push_back("COMMENT ON TABLE " + table + " IS " + literal(m_table.comment));
+  }
+  for (std::size_t i = 0; i < m_table.columns.size(); ++i) {
+    const Column& c = m_table.columns[i];
+    if (c.comment.empty()) continue;
+    if (c.comment.size() > kLongest) Refuse(at("columns", i) + ".comment", "longer than 4000 bytes");
+    statements.push_back("COMMENT ON COLUMN " + table + "." + id(c.name, at("columns", i) + ".name") +
+                         " IS " + literal(c.comment));
+  }
+}
+
+}  // namespace
+
+Script RunCreate(const Table& table, const Options& options) {
+  return Writer(table, options).Run();
+}
+
+std::vector<std::string> CreateIndexStatements(const Table& table,
+                                               const std::vector<Index>& indexes,
+                                               const Options& options) {
+  return Writer(table, options).IndexStatements(indexes);
+}
+
+}  // namespace qarvelt::tool

@@ -1,0 +1,784 @@
+// qarvelt diff: the ALTER script from one table document to another, built through the information
+// model. The order of the script is the one the README gives:
+//   1. dropped constraints (and redefined ones, which are added again in step 8);
+//   2. dropped indexes (and redefined ones, created again in step 9);
+//   3. dropped columns: one DROP statement;
+//   4. renamed columns, then renamed constraints;
+//   5. the table's own properties (physical attributes, storage, logging, caching, parallel, row
+//      movement, a new tablespace) and the LOB storage of kept columns;
+//   6. added and modified columns;
+//   7. partition maintenance: drops, renames, moves, attribute changes, adds;
+//   8. added constraints, then constraint state changes;
+//   9. index changes (ALTER INDEX), then new indexes;
+//  10. comments;
+//  11. the table's rename, last, so that every statement before it names the table as it is.
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+
+#include <qarvelt/qarvelt.h>
+
+#include "commands.h"
+#include "identifiers.h"
+
+namespace qarvelt::tool {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// Writes what an entry point left in a statement tree: one statement per pass, at most as many
+// passes as it takes (a pass that writes nothing new ends the loop).
+void writeTree(CSQLClause& statement, Texts& out) {
+  std::string last;
+  for (int pass = 0; pass < 64; ++pass) {
+    std::string text;
+    statement.GetModifiedSQL("*", text);
+    Trim(text);
+    if (!text.empty() && text != last) out.push_back(text);
+    last = text;
+    statement.RefreshUsed();
+    if (!statement.hasUnused() || text.empty()) break;
+  }
+}
+
+std::string quoted(const std::string& text) {
+  std::string out = "'";
+  for (char c : text)
+    out += c == '\'' ? std::string("''") : std::string(1, c);
+  return out + "'";
+}
+
+// Loads a value as it is (old) and as it should be (new), the new text taken exactly, empty included.
+void load(CSQLInfoBase& record, const char* type, const std::string& now, const std::string& before) {
+  record.SetSQLValue(type, "", before.c_str());
+  record.SetSQLValue(type, now.c_str());
+}
+
+// Loads a value that the new document may leave out: left out, it stays as it is.
+void loadKept(CSQLInfoBase& record, const char* type, const std::string& now, const std::string& before) {
+  load(record, type, now.empty() ? before : now, before);
+}
+
+// Physical attributes and storage parameters that Oracle changes in place (INITIAL, MINEXTENTS and
+// freelist groups are set only when a segment is created), as they are and as they should be.
+void loadSegment(CSQLInfoBase& record, const Segment& now, const Segment& before) {
+  const std::pair<const char*, std::string Segment::*> fields[] = {{"PCTFREE", &Segment::pctfree},
+                                                                   {"PCTUSED", &Segment::pctused},
+                                                                   {"INITRANS", &Segment::initrans},
+                                                                   {"MAXTRANS", &Segment::maxtrans},
+                                                                   {"NEXT", &Segment::next},
+                                                                   {"MAXEXTENTS", &Segment::maxextents},
+                                                                   {"PCTINCREASE", &Segment::pctincrease},
+                                                                   {"FREELISTS", &Segment::freelists},
+                                                                   {"BUFFER_POOL", &Segment::buffer_pool}};
+  // Records ignore the names they do not hold (an index has no PCTUSED).
+  for (const auto& [type, member] : fields)
+    loadKept(record, type, now.*member, before.*member);
+}
+
+// The data type families within which Oracle converts a column in place.
+int typeFamily(const std::string& type) {
+  static const std::map<std::string, int> families = {{"CHAR", 1},
+                                                      {"VARCHAR2", 1},
+                                                      {"VARCHAR", 1},
+                                                      {"NCHAR", 2},
+                                                      {"NVARCHAR2", 2},
+                                                      {"NUMBER", 3},
+                                                      {"FLOAT", 3},
+                                                      {"INTEGER", 3},
+                                                      {"DECIMAL", 3},
+                                                      {"DATE", 4},
+                                                      {"RAW", 5},
+                                                      {"LONG", 6},
+                                                      {"CLOB", 6},
+                                                      {"LONG RAW", 7},
+                                                      {"BLOB", 7},
+                                                      {"ROWID", 8},
+                                                      {"UROWID", 8},
+                                                      {"BINARY_FLOAT", 9},
+                                                      {"BINARY_DOUBLE", 9}};
+  if (type.rfind("TIMESTAMP", 0) == 0) return 4;
+  const auto found = families.find(type);
+  return found != families.end() ? found->second : -1;
+}
+
+long numberOr(const std::string& text, long fallback) {
+  try {
+    return text.empty() ? fallback : std::stol(text);
+  } catch (...) {
+    return fallback;
+  }
+}
+
+class Differ {
+ public:
+  Differ(const Table& before, const Table& after, const Options& options)
+      : m_before(before), m_after(after), m_options(options), m_release(after.release) {}
+
+  Script run();
+
+ private:
+  std::string id(const std::string& name, const std::string& where) {
+    return Identifier(name, m_release, m_options.quote_all, where);
+  }
+  std::string tableName(const Table& t) {
+    return (t.schema.empty() ? "" : id(t.schema, "schema") + ".") + id(t.name, "name");
+  }
+  [[noreturn]] void refuse(const std::string& what) {
+    throw ToolError(kExitNeedsRecreate,
+                    tableName(m_before) + ": " + what +
+                        "; no ALTER statement does this (--allow-recreate drops and creates the table)");
+  }
+  void warn(const std::string& what) { m_script.warnings.push_back(what); }
+  // A statement that loses data: a warning, or a refusal with --fail-on-data-loss.
+  void dataLoss(const std::string& what) {
+    warn(what);
+    m_lost.push_back(what);
+  }
+
+  void checkRecreate();
+  Script recreate();
+  void matchColumns();
+  void loadTable(CSQLInfoTable& table);
+  void loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp);
+  void loadConstraints(CSQLInfoConstraints& constraints, CSQLInfoConstraints& followUp, Texts& redefined);
+  void scriptIndexes(Texts& dropped, Texts& altered, Texts& created);
+  void scriptPartitions(CSQLInfoTable& table, Texts& out);
+  void scriptComments(Texts& out);
+
+  const Table& m_before;
+  const Table& m_after;
+  const Options& m_options;
+  int m_release;
+  Script m_script;
+  // New column index -> old column index (absent: added).
+  std::map<std::size_t, std::size_t> m_columnOf;
+  std::set<std::string> m_droppedColumns;
+  // Old column name -> new column name, for the columns the new table keeps.
+  std::map<std::string, std::string> m_newName;
+  std::vector<std::string> m_lost;
+
+  // Old column names as the new table calls them.
+  std::vector<std::string> renamed(std::vector<std::string> names) const {
+    for (std::string& name : names) {
+      const auto found = m_newName.find(name);
+      if (found != m_newName.end()) name = found->second;
+    }
+    return names;
+  }
+};
+
+// ---- what no ALTER can do -----------------------------------------------------------------------
+
+void Differ::checkRecreate() {
+  const Partitioning& a = m_before.partitioning;
+  const Partitioning& b = m_after.partitioning;
+  auto describe = [](const Partitioning& p) {
+    if (p.type.empty()) return std::string("none");
+    std::string text = p.type + " (";
+    for (std::size_t i = 0; i < p.columns.size(); ++i)
+      text += (i > 0 ? "," : "") + p.columns[i];
+    return text + ")" + (p.subtype.empty() ? "" : " with " + p.subtype + " subpartitions");
+  };
+  if (a.type != b.type || renamed(a.columns) != b.columns || a.subtype != b.subtype ||
+      renamed(a.subcolumns) != b.subcolumns) {
+    refuse("the partitioning changes from " + describe(a) + " to " + describe(b));
+  }
+  if ((m_before.organization.empty() ? "HEAP" : m_before.organization) !=
+      (m_after.organization.empty() ? "HEAP" : m_after.organization)) {
+    refuse("the organization changes");
+  }
+  if (m_before.temporary != m_after.temporary || m_before.on_commit != m_after.on_commit) {
+    refuse("the table changes between temporary and permanent");
+  }
+  if (m_before.schema != m_after.schema) refuse("the schema changes to " + m_after.schema);
+}
+
+Script Differ::recreate() {
+  Script script;
+  script.statements.push_back("DROP TABLE " + tableName(m_before) + " CASCADE CONSTRAINTS");
+  script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost");
+  if (m_options.fail_on_data_loss) {
+    throw ToolError(kExitFailure, "refused, the script loses data: " + script.warnings.back());
+  }
+  Script create = RunCreate(m_after, m_options);
+  script.statements.insert(script.statements.end(), create.statements.begin(), create.statements.end());
+  return script;
+}
+
+// ---- columns ------------------------------------------------------------------------------------
+
+void Differ::matchColumns() {
+  std::set<std::size_t> taken;
+  for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
+    const Column& column = m_after.columns[n];
+    const std::string& oldName = column.renamed_from.empty() ? column.name : column.renamed_from;
+    for (std::size_t o = 0; o < m_before.columns.size(); ++o) {
+      if (m_before.columns[o].name != oldName || taken.count(o) != 0) continue;
+      m_columnOf[n] = o;
+      m_newName[m_before.columns[o].name] = column.name;
+      taken.insert(o);
+      break;
+    }
+    if (!column.renamed_from.empty() && m_columnOf.count(n) == 0) {
+      throw ToolError(kExitBadInput,
+                      "column " + column.name +
+                          ": renamed_from names no column of the old table: " + column.renamed_from);
+    }
+  }
+  for (std::size_t o = 0; o < m_before.columns.size(); ++o) {
+    if (taken.count(o) == 0) m_droppedColumns.insert(m_before.columns[o].name);
+  }
+}
+
+void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
+  auto lengthOf = [](const Column& c) {
+    return c.unit.empty() || c.length.empty() ? c.length : c.length + " " + c.unit;
+  };
+  auto loadLob =
+      [](CSQLInfoColumns::CColumn& record, const LobStorage& now, const LobStorage& before, bool keep) {
+        const std::pair<const char*, std::string LobStorage::*> values[] = {
+            {"LOB;TABLESPACE", &LobStorage::tablespace},
+            {"LOB;CHUNK", &LobStorage::chunk},
+            {"LOB;PCTVERSION", &LobStorage::pctversion},
+            {"LOB;RETENTION", &LobStorage::retention},
+            {"LOB;CACHE", &LobStorage::cache},
+            {"LOB;LOGGING", &LobStorage::logging},
+            {"LOB;ENABLE", &LobStorage::in_row}};
+        for (const auto& [type, member] : values) {
+          if (keep) {
+            loadKept(record, type, now.*member, before.*member);
+          } else {
+            load(record, type, now.*member, before.*member);
+          }
+        }
+      };
+  const LobStorage none;
+  // The old table's columns, kept (renamed or changed) or dropped.
+  for (std::size_t o = 0; o < m_before.columns.size(); ++o) {
+    const Column& old = m_before.columns[o];
+    const std::string oldId = id(old.name, "columns[" + std::to_string(o) + "]");
+    columns.AddColumn(old.name.c_str(), true);
+    CSQLInfoColumns::CColumn& record = *columns.GetColumn(old.name.c_str());
+    if (m_droppedColumns.count(old.name) != 0) {
+      load(record, "NAME", oldId, oldId);
+      columns.DropColumn(old.name.c_str(), false, false);
+      dataLoss("DROP COLUMN " + old.name + " of " + tableName(m_before) + " loses the column's data");
+      continue;
+    }
+    const auto kept =
+        std::find_if(m_columnOf.begin(), m_columnOf.end(), [&](const auto& p) { return p.second == o; });
+    const Column& now = m_after.columns[kept->first];
+    const std::string where = "columns[" + std::to_string(kept->first) + "] " + now.name;
+    if (now.type != old.type && (typeFamily(now.type) < 0 || typeFamily(now.type) != typeFamily(old.type))) {
+      refuse("column " + now.name + " changes its type from " + old.type + " to " + now.type);
+    }
+    if (now.type == old.type && numberOr(now.length, 1L << 30) < numberOr(old.length, 1L << 30)) {
+      dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + old.length + " to " +
+               now.length + ": values that do not fit make the statement fail");
+    }
+    // Everything but the name, as it is and as it should be.
+    auto loadChanges = [&](CSQLInfoColumns::CColumn& r) {
+      load(r, "DATATYPE", now.type, old.type);
+      load(r, "LENGTH", lengthOf(now), lengthOf(old));
+      load(r, "SCALE", now.scale, old.scale);
+      load(r, "DEFAULT", now.default_value, old.default_value);
+      load(*r.CONSTRAINT(), "NULL", now.not_null ? "NOT NULL" : "", old.not_null ? "NOT NULL" : "");
+      if (now.unique && !old.unique) load(*r.CONSTRAINT(), "UNIQUE", "UNIQUE", "");
+      if (now.primary_key && !old.primary_key) load(*r.CONSTRAINT(), "PRIMARY", "PRIMARY", "");
+      if (now.check != old.check && !now.check.empty()) load(*r.CONSTRAINT(), "CHECK", now.check, "");
+      loadLob(r, now.lob, old.lob, true);
+    };
+    const std::string nowId = id(now.name, where);
+    load(record, "NAME", nowId, oldId);
+    if (nowId == oldId) {
+      loadChanges(record);
+    } else {
+      // A renamed column's other changes follow its rename, under its new name.
+      followUp.AddColumn(now.name.c_str(), true);
+      CSQLInfoColumns::CColumn& renamed = *followUp.GetColumn(now.name.c_str());
+      load(renamed, "NAME", nowId, nowId);
+      loadChanges(renamed);
+    }
+    if ((old.unique && !now.unique) || (old.primary_key && !now.primary_key) ||
+        (!old.check.empty() && now.check.empty())) {
+      warn("column " + now.name +
+           ": an inline constraint that is taken away has no name to drop it by; "
+           "declare it among the table's constraints");
+    }
+  }
+  // Columns of the new table only.
+  for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
+    if (m_columnOf.count(n) != 0) continue;
+    const Column& now = m_after.columns[n];
+    const std::string itemName = "+" + now.name;  // never the name of an old column's item
+    columns.AddColumn(itemName.c_str(), false);
+    CSQLInfoColumns::CColumn& record = *columns.GetColumn(itemName.c_str());
+    load(record, "NAME", id(now.name, "columns[" + std::to_string(n) + "]"), "");
+    load(record, "DATATYPE", now.type, "");
+    load(record, "LENGTH", lengthOf(now), "");
+    load(record, "SCALE", now.scale, "");
+    load(record, "DEFAULT", now.default_value, "");
+    if (now.not_null) load(*record.CONSTRAINT(), "NULL", "NOT NULL", "");
+    if (now.unique) load(*record.CONSTRAINT(), "UNIQUE", "UNIQUE", "");
+    if (now.primary_key) load(*record.CONSTRAINT(), "PRIMARY", "PRIMARY", "");
+    if (!now.check.empty()) load(*record.CONSTRAINT(), "CHECK", now.check, "");
+    if (!now.constraint_name.empty())
+      load(*record.CONSTRAINT(), "NAME", id(now.constraint_name, "constraint"), "");
+    loadLob(record, now.lob, none, false);
+  }
+}
+
+// ---- the table ----------------------------------------------------------------------------------
+
+void Differ::loadTable(CSQLInfoTable& table) {
+  load(table,
+       "SCHEMA",
+       m_before.schema.empty() ? "" : id(m_before.schema, "schema"),
+       m_before.schema.empty() ? "" : id(m_before.schema, "schema"));
+  load(table, "TABLE", id(m_before.name, "name"), id(m_before.name, "name"));
+  loadKept(table, "TABLESPACE", m_after.tablespace, m_before.tablespace);
+  const Segment& a = m_before.segment;
+  const Segment& b = m_after.segment;
+  loadSegment(table, b, a);
+  if (b.initial != a.initial && !b.initial.empty())
+    warn("INITIAL of a table is set when it is created; the change is left out");
+  loadKept(table, "LOGGING", m_after.logging, m_before.logging);
+  loadKept(table, "COMPRESS", m_after.compress, m_before.compress);
+  loadKept(table, "CACHE", m_after.cache, m_before.cache);
+  loadKept(table, "MONITORING", m_after.monitoring, m_before.monitoring);
+  loadKept(table, "ROW_MOVEMENT", m_after.row_movement, m_before.row_movement);
+  // PARALLEL n, NOPARALLEL: a changed degree restates PARALLEL.
+  auto keyword = [](const std::string& p) {
+    return p.empty() || p == "NOPARALLEL" || p == "PARALLEL" ? p : "PARALLEL";
+  };
+  auto degree = [](const std::string& p) { return p == "NOPARALLEL" || p == "PARALLEL" ? "" : p; };
+  const std::string parallel = m_after.parallel.empty() ? m_before.parallel : m_after.parallel;
+  if (parallel != m_before.parallel) {
+    load(table,
+         "PARALLEL",
+         keyword(parallel),
+         keyword(parallel) == keyword(m_before.parallel) ? "" : keyword(m_before.parallel));
+    load(table, "PARALLEL;VALUE", degree(parallel), degree(m_before.parallel));
+  }
+}
+
+// ---- constraints --------------------------------------------------------------------------------
+
+void Differ::loadConstraints(CSQLInfoConstraints& constraints,
+                             CSQLInfoConstraints& followUp,
+                             Texts& redefined) {
+  auto stateOf = [](const ConstraintState& s) {
+    // What Oracle assumes when the document says nothing.
+    return std::vector<std::string>{
+        s.initially.empty() ? "IMMEDIATE" : s.initially,
+        s.enable.empty() ? "ENABLE" : s.enable,
+        s.validate.empty() ? (s.enable == "DISABLE" ? "NOVALIDATE" : "VALIDATE") : s.validate,
+        s.rely.empty() ? "NORELY" : s.rely};
+  };
+  // x is the old constraint: its columns are compared under their new names.
+  auto sameDefinition = [this](const Constraint& x, const Constraint& y) {
+    return x.type == y.type && renamed(x.columns) == y.columns && x.ref_schema == y.ref_schema &&
+           x.ref_table == y.ref_table && x.ref_columns == y.ref_columns && x.on_delete == y.on_delete &&
+           x.check == y.check && (x.state.deferrable == "DEFERRABLE") == (y.state.deferrable == "DEFERRABLE");
+  };
+  auto fill = [&](CSQLInfoConstraints::CConstraint& c, const Constraint& d, const std::string& where) {
+    load(c, "NAME", d.name.empty() ? "" : id(d.name, where), "");
+    load(c, "TYPE", d.type, "");
+    std::string columns;
+    for (const std::string& col : d.columns)
+      columns += (columns.empty() ? "" : ",") + id(col, where + " columns");
+    c.SetColumnsString(columns);
+    load(c, "REF_SCHEMA", d.ref_schema.empty() ? "" : id(d.ref_schema, where), "");
+    load(c, "REF_TABLE", d.ref_table.empty() ? "" : id(d.ref_table, where), "");
+    std::string refs;
+    for (const std::string& col : d.ref_columns)
+      refs += (refs.empty() ? "" : ",") + id(col, where + " references");
+    load(c, "REF_COLUMNS", refs, "");
+    load(c, "REF_DELETE", d.on_delete, "");
+    load(c, "CHECK", d.check, "");
+    const ConstraintState& s = d.state;
+    for (const auto& [type, text] : {std::pair<const char*, std::string>{"DEFERRABLE", s.deferrable},
+                                     {"INITIALLY", s.initially},
+                                     {"ENABLE", s.enable},
+                                     {"VALIDATE", s.validate},
+                                     {"RELY", s.rely}}) {
+      load(*c.STATE(), type, text, "");
+    }
+  };
+  std::set<std::size_t> matched;
+  for (std::size_t n = 0; n < m_after.constraints.size(); ++n) {
+    const Constraint& now = m_after.constraints[n];
+    const std::string where = "constraints[" + std::to_string(n) + "]";
+    const std::string oldName = now.renamed_from.empty() ? now.name : now.renamed_from;
+    std::size_t o = m_before.constraints.size();
+    for (std::size_t i = 0; i < m_before.constraints.size(); ++i) {
+      const Constraint& old = m_before.constraints[i];
+      const bool byName = !oldName.empty() && old.name == oldName;
+      const bool byDefinition = oldName.empty() && old.name.empty() && sameDefinition(old, now);
+      if ((byName || byDefinition) && matched.count(i) == 0) {
+        o = i;
+        break;
+      }
+    }
+    if (!now.renamed_from.empty() && o == m_before.constraints.size()) {
+      throw ToolError(kExitBadInput,
+                      where + ": renamed_from names no constraint of the old table: " + now.renamed_from);
+    }
+    bool redefine = o < m_before.constraints.size() && !sameDefinition(m_before.constraints[o], now);
+    for (const std::string& col : now.columns) {
+      if (m_droppedColumns.count(col) != 0)
+        throw ToolError(kExitBadInput, where + " names the dropped column " + col);
+    }
+    if (o < m_before.constraints.size() && !redefine) {
+      // Kept: a rename and state changes.
+      matched.insert(o);
+      const Constraint& old = m_before.constraints[o];
+      const std::string key = "=" + std::to_string(o);
+      constraints.AddConstraint(key.c_str(), true);
+      CSQLInfoConstraints::CConstraint& c = *constraints.GetConstraint(key.c_str());
+      const std::string oldId = old.name.empty() ? "" : id(old.name, "constraint");
+      const std::string nowId = now.name.empty() ? oldId : id(now.name, where);
+      load(c, "NAME", nowId, oldId);
+      // A renamed constraint's state changes follow its rename, under its new name.
+      CSQLInfoConstraints::CConstraint* target = &c;
+      if (nowId != oldId) {
+        followUp.AddConstraint(key.c_str(), true);
+        target = followUp.GetConstraint(key.c_str());
+        load(*target, "NAME", nowId, nowId);
+      }
+      const auto a = stateOf(old.state), b = stateOf(now.state);
+      const char* names[] = {"INITIALLY", "ENABLE", "VALIDATE", "RELY"};
+      for (std::size_t i = 0; i < a.size(); ++i) {
+        load(*target->STATE(), names[i], a[i] == b[i] ? "" : b[i], "");
+      }
+      if (target->STATE()->IsModified(nullptr) && old.name.empty()) {
+        throw ToolError(kExitBadInput,
+                        where + ": the state of an unnamed constraint cannot be changed; name it");
+      }
+      continue;
+    }
+    if (redefine) {
+      matched.insert(o);
+      redefined.push_back(m_before.constraints[o].name);
+    }
+    const std::string key = "+" + std::to_string(n);
+    constraints.AddConstraint(key.c_str(), false);
+    fill(*constraints.GetConstraint(key.c_str()), now, where);
+  }
+  // Old constraints that are gone, or redefined: dropped first.
+  for (std::size_t o = 0; o < m_before.constraints.size(); ++o) {
+    const Constraint& old = m_before.constraints[o];
+    const bool redefinedNow =
+        std::find(redefined.begin(), redefined.end(), old.name) != redefined.end() && !old.name.empty();
+    if (matched.count(o) != 0 && !redefinedNow) continue;
+    if (old.name.empty()) {
+      throw ToolError(kExitBadInput,
+                      "the old table's constraints[" + std::to_string(o) + "] has no name to drop it by");
+    }
+    const std::string key = "-" + std::to_string(o);
+    constraints.AddConstraint(key.c_str(), true);
+    CSQLInfoConstraints::CConstraint& c = *constraints.GetConstraint(key.c_str());
+    const std::string oldId = id(old.name, "constraint");
+    load(c, "NAME", oldId, oldId);
+    constraints.DropConstraint(key.c_str(), false);
+  }
+}
+
+// ---- indexes ------------------------------------------------------------------------------------
+
+void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
+  // x is the old index: its columns are compared under their new names.
+  auto sameDefinition = [this](const Index& x, const Index& y) {
+    auto keys = [this](const Index& i) {
+      std::vector<std::string> k;
+      for (const IndexKey& key : i.keys) {
+        k.push_back(renamed({key.column}).front() + "|" + key.expression + "|" + key.order);
+      }
+      return k;
+    };
+    return x.unique == y.unique && x.bitmap == y.bitmap && keys(x) == keys(y) && x.local == y.local &&
+           x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns;
+  };
+  auto qualified = [&](const Index& x) {
+    const std::string schema = x.schema.empty() ? m_before.schema : x.schema;
+    return (schema.empty() ? "" : id(schema, "schema") + ".") + id(x.name, "index " + x.name);
+  };
+  std::vector<Index> toCreate;
+  std::set<std::size_t> matched;
+  for (const Index& now : m_after.indexes) {
+    const std::string oldName = now.renamed_from.empty() ? now.name : now.renamed_from;
+    const Index* old = nullptr;
+    for (std::size_t i = 0; i < m_before.indexes.size(); ++i) {
+      if (m_before.indexes[i].name == oldName && matched.count(i) == 0) {
+        old = &m_before.indexes[i];
+        matched.insert(i);
+        break;
+      }
+    }
+    if (!now.renamed_from.empty() && old == nullptr) {
+      throw ToolError(
+          kExitBadInput,
+          "index " + now.name + ": renamed_from names no index of the old table: " + now.renamed_from);
+    }
+    if (old == nullptr) {
+      toCreate.push_back(now);
+      continue;
+    }
+    if (!sameDefinition(*old, now)) {
+      dropped.push_back("DROP INDEX " + qualified(*old));
+      toCreate.push_back(now);
+      continue;
+    }
+    // Kept: rename, rebuild into a new tablespace, attribute changes.
+    CSQLInfoIndex record;
+    const std::string schema = old->schema.empty() ? m_before.schema : old->schema;
+    load(record,
+         "SCHEMA",
+         schema.empty() ? "" : id(schema, "schema"),
+         schema.empty() ? "" : id(schema, "schema"));
+    load(record, "INDEX", id(now.name, "index " + now.name), id(old->name, "index " + old->name));
+    loadKept(record, "TABLESPACE", now.tablespace, old->tablespace);
+    loadKept(record, "LOGGING", now.logging, old->logging);
+    loadSegment(record, now.segment, old->segment);
+    const std::string parallel = now.parallel.empty() ? old->parallel : now.parallel;
+    if (parallel != old->parallel) {
+      const bool degree = parallel != "PARALLEL" && parallel != "NOPARALLEL";
+      load(record, "PARALLEL", degree ? "PARALLEL" : parallel, "");
+      load(record, "PARALLEL;VALUE", degree ? parallel : "", "");
+    }
+    CSQLAlterIndex statement;
+    Texts out;
+    if (const int result = CSQLUtil::GenAltIndex(&statement, &out, &record)) {
+      throw ToolError(kExitFailure,
+                      "index " + now.name + ": the change script failed with code " + std::to_string(result));
+    }
+    altered.insert(altered.end(), out.begin(), out.end());
+  }
+  for (std::size_t i = 0; i < m_before.indexes.size(); ++i) {
+    if (matched.count(i) == 0) dropped.push_back("DROP INDEX " + qualified(m_before.indexes[i]));
+  }
+  if (!toCreate.empty()) {
+    Texts made = CreateIndexStatements(m_after, toCreate, m_options);
+    created.insert(created.end(), made.begin(), made.end());
+  }
+}
+
+// ---- partitions ---------------------------------------------------------------------------------
+
+void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
+  const Partitioning& a = m_before.partitioning;
+  const Partitioning& b = m_after.partitioning;
+  if (b.type.empty()) return;
+  const std::string head = "ALTER TABLE " + tableName(m_before);
+  // Hash partitions given by number change by adding or coalescing.
+  if (b.type == "HASH" && b.partitions.empty() && a.partitions.empty()) {
+    for (int i = a.count; i < b.count; ++i)
+      out.push_back(head + " ADD PARTITION");
+    for (int i = b.count; i < a.count; ++i) {
+      out.push_back(head + " COALESCE PARTITION");
+      warn("COALESCE PARTITION of " + tableName(m_before) + " redistributes rows; no data is lost");
+    }
+    return;
+  }
+  CSQLInfoPartitions partitions;
+  load(partitions, "TYPE", b.type, a.type);
+  load(partitions, "SUBTYPE", b.subtype, a.subtype);
+  std::set<std::size_t> matched;
+  for (std::size_t n = 0; n < b.partitions.size(); ++n) {
+    const Partition& now = b.partitions[n];
+    const std::string where = "partitioning.partitions[" + std::to_string(n) + "]";
+    const std::string oldName = now.renamed_from.empty() ? now.name : now.renamed_from;
+    std::size_t o = a.partitions.size();
+    for (std::size_t i = 0; i < a.partitions.size(); ++i) {
+      if (a.partitions[i].name == oldName && matched.count(i) == 0) o = i;
+    }
+    if (!now.renamed_from.empty() && o == a.partitions.size()) {
+      throw ToolError(kExitBadInput,
+                      where + ": renamed_from names no partition of the old table: " + now.renamed_from);
+    }
+    if (o < a.partitions.size()) {
+      matched.insert(o);
+      const Partition& old = a.partitions[o];
+      if (old.values_less_than != now.values_less_than || old.values != now.values) {
+        refuse("partition " + now.name + " changes its bounds (split or merge the partitions instead)");
+      }
+      partitions.AddPartition(old.name.c_str(), true);
+      CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(old.name.c_str());
+      load(p, "NAME", id(now.name, where), id(old.name, where));
+      loadKept(p, "TABLESPACE", now.tablespace, old.tablespace);
+      loadKept(p, "LOGGING", now.logging, old.logging);
+      loadKept(p, "COMPRESS", now.compress, old.compress);
+      loadSegment(p, now.segment, old.segment);
+      continue;
+    }
+    const std::string key = "+" + now.name;
+    partitions.AddPartition(key.c_str(), false);
+    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(key.c_str());
+    load(p, "NAME", id(now.name, where), "");
+    load(p, "TABLESPACE", now.tablespace, "");
+    for (const std::string& v : b.type == "LIST" ? now.values : now.values_less_than)
+      p.VALUES().AddValue(v.c_str(), v.c_str(), "");
+    for (const Partition& s : now.subpartitions) {
+      p.AddSubPartition(s.name.c_str(), false);
+      load(*p.GetSubPartition(s.name.c_str()), "NAME", id(s.name, where + " subpartition"), "");
+      load(*p.GetSubPartition(s.name.c_str()), "TABLESPACE", s.tablespace, "");
+      for (const std::string& v : s.values)
+        p.GetSubPartition(s.name.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
+    }
+  }
+  for (std::size_t o = 0; o < a.partitions.size(); ++o) {
+    if (matched.count(o) != 0) continue;
+    partitions.AddPartition(a.partitions[o].name.c_str(), true);
+    load(*partitions.GetPartition(a.partitions[o].name.c_str()),
+         "NAME",
+         id(a.partitions[o].name, "partition"),
+         id(a.partitions[o].name, "partition"));
+    partitions.DropPartition(a.partitions[o].name.c_str(), false);
+    const std::string what = std::string(b.type == "HASH" ? "COALESCE" : "DROP") + " PARTITION " +
+                             a.partitions[o].name + " of " + tableName(m_before);
+    if (b.type == "HASH") {
+      warn(what + " redistributes its rows");
+    } else {
+      dataLoss(what + " loses the partition's data");
+    }
+  }
+  CSQLAlterTable statement;
+  if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
+    throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
+  }
+}
+
+// ---- comments -----------------------------------------------------------------------------------
+
+void Differ::scriptComments(Texts& out) {
+  const std::string table = tableName(m_before);
+  if (m_after.comment != m_before.comment)
+    out.push_back("COMMENT ON TABLE " + table + " IS " + quoted(m_after.comment));
+  for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
+    const Column& now = m_after.columns[n];
+    const auto kept = m_columnOf.find(n);
+    const std::string before = kept == m_columnOf.end() ? "" : m_before.columns[kept->second].comment;
+    if (now.comment == before) continue;
+    out.push_back("COMMENT ON COLUMN " + table + "." + id(now.name, "column") + " IS " + quoted(now.comment));
+  }
+}
+
+// ---- the whole run ------------------------------------------------------------------------------
+
+Script Differ::run() {
+  if (m_after.release != m_before.release) {
+    warn("the documents name different releases; the script is written for the new one's");
+  }
+  matchColumns();
+  try {
+    checkRecreate();
+  } catch (const ToolError& error) {
+    if (!m_options.allow_recreate || error.code() != kExitNeedsRecreate) throw;
+    return recreate();
+  }
+
+  CSQLInfoTable table;
+  loadTable(table);
+  CSQLInfoColumns columns, renamedColumns;
+  loadColumns(columns, renamedColumns);
+  CSQLInfoConstraints constraints, renamedConstraints;
+  Texts redefined;
+  loadConstraints(constraints, renamedConstraints, redefined);
+
+  // Constraints: drops, state changes and renames come back in `out`, adds stay in the tree.
+  Texts constraintOut;
+  CSQLAlterTable constraintTree;
+  if (const int result = CSQLUtil::GenAltConstraint(&constraintTree, &constraintOut, &table, &constraints)) {
+    throw ToolError(kExitFailure,
+                    "constraints: the change script failed with code " + std::to_string(result));
+  }
+  CSQLAlterTable renamedConstraintTree;
+  CSQLUtil::GenAltConstraint(&renamedConstraintTree, &constraintOut, &table, &renamedConstraints);
+  Texts constraintAdds;
+  writeTree(constraintTree, constraintAdds);
+  Texts constraintDrops, constraintModifies, constraintRenames;
+  for (const std::string& text : constraintOut) {
+    Texts& bucket = text.find(" DROP CONSTRAINT ") != std::string::npos     ? constraintDrops
+                    : text.find(" RENAME CONSTRAINT ") != std::string::npos ? constraintRenames
+                                                                            : constraintModifies;
+    bucket.push_back(text);
+  }
+
+  // Columns: renames and drops come back in `out`, adds and modifications stay in the tree.
+  Texts columnOut;
+  CSQLAlterTable columnTree;
+  if (const int result = CSQLUtil::GenAltColumn(&columnTree, &columnOut, &table, &columns)) {
+    throw ToolError(kExitFailure, "columns: the change script failed with code " + std::to_string(result));
+  }
+  Texts columnChanges;
+  writeTree(columnTree, columnChanges);
+  CSQLAlterTable renamedTree;
+  CSQLUtil::GenAltColumn(&renamedTree, &columnOut, &table, &renamedColumns);
+  writeTree(renamedTree, columnChanges);
+  Texts columnRenames, columnDrops;
+  for (const std::string& text : columnOut) {
+    (text.find(" RENAME COLUMN ") != std::string::npos ? columnRenames : columnDrops).push_back(text);
+  }
+
+  // The table's own properties; its rename is held back to the end, in a record of its own.
+  const bool renamed = m_before.name != m_after.name;
+  Texts properties;
+  CSQLAlterTable propertyTree;
+  CSQLUtil::GenAltTableProperty(&propertyTree, &properties, &table);
+  writeTree(propertyTree, properties);
+  Texts rename;
+  if (renamed) {
+    CSQLInfoTable renaming;
+    load(renaming,
+         "SCHEMA",
+         m_before.schema.empty() ? "" : id(m_before.schema, "schema"),
+         m_before.schema.empty() ? "" : id(m_before.schema, "schema"));
+    load(renaming, "TABLE", id(m_after.name, "name"), id(m_before.name, "name"));
+    CSQLAlterTable renameTree;
+    CSQLUtil::GenAltTableProperty(&renameTree, &rename, &renaming);
+    writeTree(renameTree, rename);
+  }
+
+  Texts partitionScript;
+  scriptPartitions(table, partitionScript);
+  Texts indexDrops, indexChanges, indexCreates;
+  scriptIndexes(indexDrops, indexChanges, indexCreates);
+  Texts comments;
+  scriptComments(comments);
+
+  for (const Texts* part : {&constraintDrops,
+                            &indexDrops,
+                            &columnDrops,
+                            &columnRenames,
+                            &constraintRenames,
+                            &properties,
+                            &columnChanges,
+                            &partitionScript,
+                            &constraintAdds,
+                            &constraintModifies,
+                            &indexChanges,
+                            &indexCreates,
+                            &comments,
+                            &rename}) {
+    m_script.statements.insert(m_script.statements.end(), part->begin(), part->end());
+  }
+  if (m_options.fail_on_data_loss && !m_lost.empty()) {
+    std::string message = "refused, the script loses data:";
+    for (const std::string& warning : m_lost)
+      message += "\n  " + warning;
+    throw ToolError(kExitFailure, message);
+  }
+  return m_script;
+}
+
+}  // namespace
+
+Script RunDiff(const Table& before, const Table& after, const Options& options) {
+  return Differ(before, after, options).run();
+}
+
+}  // namespace qarvelt::tool

@@ -1,0 +1,126 @@
+// The table document: an Oracle table described in JSON, as `qarvelt create` and `qarvelt diff`
+// read it. The README describes every key; Read() checks them all and refuses anything unknown, of
+// the wrong type, or missing, with the place in the document and the nearest valid keys.
+#ifndef QARVELT_TOOLS_DOCUMENT_H
+#define QARVELT_TOOLS_DOCUMENT_H
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qarvelt::tool {
+
+// PCTFREE, PCTUSED, INITRANS, MAXTRANS and the STORAGE parameters, as texts ("" when not given).
+struct Segment {
+  std::string pctfree, pctused, initrans, maxtrans;
+  std::string initial, next, minextents, maxextents, pctincrease, freelists, freelist_groups, buffer_pool;
+  bool empty() const;
+};
+
+struct LobStorage {
+  std::string tablespace, chunk, pctversion, segment;
+  std::string cache;      // CACHE, NOCACHE or CACHE READS
+  std::string logging;    // LOGGING or NOLOGGING
+  std::string in_row;     // ENABLE or DISABLE (STORAGE IN ROW)
+  std::string retention;  // RETENTION or ""
+  bool empty() const;
+};
+
+struct Column {
+  std::string name, renamed_from;
+  std::string type, length, scale, unit;  // length holds the precision of NUMBER and FLOAT
+  std::string default_value;
+  bool not_null = false, unique = false, primary_key = false;
+  std::string check, constraint_name;
+  std::string comment;
+  LobStorage lob;
+};
+
+struct ConstraintState {
+  std::string deferrable;                                  // DEFERRABLE or NOT DEFERRABLE, or ""
+  std::string initially;                                   // IMMEDIATE or DEFERRED, or ""
+  std::string enable;                                      // ENABLE or DISABLE, or ""
+  std::string validate;                                    // VALIDATE or NOVALIDATE, or ""
+  std::string rely;                                        // RELY or NORELY, or ""
+  std::string index_schema, index_name, index_tablespace;  // USING INDEX
+};
+
+struct Constraint {
+  std::string name, renamed_from;
+  std::string type;  // PRIMARY KEY, UNIQUE, FOREIGN KEY or CHECK
+  std::vector<std::string> columns;
+  std::string ref_schema, ref_table, on_delete;  // on_delete: CASCADE, SET NULL or ""
+  std::vector<std::string> ref_columns;
+  std::string check;
+  ConstraintState state;
+};
+
+struct IndexKey {
+  std::string column, expression, order;  // order: ASC, DESC or ""
+};
+
+struct Partition {
+  std::string name, renamed_from;
+  std::vector<std::string> values_less_than;  // range bounds
+  std::vector<std::string> values;            // list values (DEFAULT alone for the default partition)
+  std::string tablespace;
+  std::string logging, compress;
+  Segment segment;
+  std::vector<Partition> subpartitions;
+};
+
+struct Index {
+  std::string name, schema, renamed_from;
+  bool unique = false, bitmap = false, reverse = false;
+  std::vector<IndexKey> keys;
+  std::string tablespace, logging, compress, parallel;
+  Segment segment;
+  bool local = false;
+  std::vector<Partition> local_partitions;
+  std::string global_type;  // RANGE or HASH for a global partitioned index, else ""
+  std::vector<std::string> global_columns;
+  std::vector<Partition> global_partitions;
+  int global_count = 0;
+};
+
+struct Partitioning {
+  std::string type;  // RANGE, HASH or LIST; "" when the table is not partitioned
+  std::vector<std::string> columns;
+  int count = 0;  // hash partitions by number
+  std::vector<std::string> store_in;
+  std::string subtype;  // HASH or LIST subpartitioning of a range-partitioned table
+  std::vector<std::string> subcolumns;
+  int subcount = 0;
+  std::vector<Partition> subtemplate;
+  std::vector<Partition> partitions;
+};
+
+struct Table {
+  std::string schema, name;
+  int release = 7;
+  std::string tablespace;
+  Segment segment;
+  std::string logging, compress, cache, monitoring, parallel, row_movement;  // keyword texts or ""
+  bool temporary = false;
+  std::string on_commit;     // DELETE or PRESERVE
+  std::string organization;  // HEAP or INDEX; "" is HEAP
+  std::string comment;
+  std::vector<Column> columns;
+  std::vector<Constraint> constraints;
+  std::vector<Index> indexes;
+  Partitioning partitioning;
+};
+
+// Reads a table document; `source` names the input in messages. Throws ToolError (exit code 2).
+Table ReadTable(const std::string& text, const std::string& source);
+
+// The release code of a release given as a number 0-7 or an Oracle release name ("11g", "10gR2",
+// "Oracle 9i Release 2", ...). Throws ToolError (exit code 2) naming `where`.
+int ReleaseCode(const std::string& name, const std::string& where);
+// The Oracle release names, by code, as the README's table gives them.
+const std::vector<std::string>& ReleaseNames();
+
+}  // namespace qarvelt::tool
+
+#endif  // QARVELT_TOOLS_DOCUMENT_H
