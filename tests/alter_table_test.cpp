@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
                  alter(),
                  {{"C_MOVE_TABLE;C_SEG_ATTRIBUTE;TABLESPACE", "DATA2"}},
                  "ALTER TABLE SCOTT.EMP MOVE TABLESPACE DATA2"},
-        TreeCase{"split with two specifications",
+        TreeCase{"split into two new partitions",
                  alter([](CSQLClause& a) {
                    a.AddAttr((std::string(kSplit) + ";LIST").c_str(), make_unique<CSQLAttr>("B", "", "10"));
                  }),
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
                   {"C_ALTER_TAB_PART;C_SPLIT_TABLE_PART;PARTITION;UPDATE", "UPDATE"}},
                  "ALTER TABLE SCOTT.EMP SPLIT PARTITION P1 AT (10) INTO (PARTITION P1A , PARTITION P1B) "
                  "UPDATE GLOBAL INDEXES"},
-        TreeCase{"split with one specification",
+        TreeCase{"split into one new partition",
                  alter(),
                  {{kSplit, "P1"}, {"C_ALTER_TAB_PART;C_SPLIT_TABLE_PART;PARTITION;SPEC1;PARTITION", "P1A"}},
                  "ALTER TABLE SCOTT.EMP SPLIT PARTITION P1 INTO (PARTITION P1A)"},

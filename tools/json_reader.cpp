@@ -27,6 +27,9 @@ Json ParseJson(const std::string& text, const std::string& source) {
     throw ToolError(
         kExitBadInput,
         source + ":" + std::to_string(line) + ":" + std::to_string(column) + ": malformed JSON: " + message);
+  } catch (const Json::exception& error) {
+    // A number too large for any type, and the like.
+    throw ToolError(kExitBadInput, source + ": unreadable JSON: " + std::string(error.what()));
   }
 }
 

@@ -35,7 +35,7 @@ std::string readFile(const std::string& path) {
 std::string formatScript(const Script& script, const std::string& terminator, bool json) {
   if (json) {
     nlohmann::json out = {{"statements", script.statements}, {"warnings", script.warnings}};
-    return out.dump(2) + "\n";
+    return out.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
   }
   std::string text;
   for (const std::string& statement : script.statements) {

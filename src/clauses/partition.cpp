@@ -255,7 +255,7 @@ void CSQLClauseTablePartition::CSubSQLItemTemplate::init() {
          clause<CSQLClausePartitionStorage>(7));
 }
 
-// ---- partition and subpartition specifications --------------------------------------------------
+// ---- new partitions and subpartitions, named by ADD, SPLIT and MERGE ---------------------------
 
 CSQLClausePartitionSpec::CSQLClausePartitionSpec(const char* name) : Cloneable(kLatestRelease) {
   setup(name, true);

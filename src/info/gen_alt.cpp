@@ -1,5 +1,6 @@
 #include "gen_alt.h"
 
+#include "qarvelt/core/attr.h"
 #include "qarvelt/info/columns.h"
 #include "qarvelt/info/constraints.h"
 #include "qarvelt/info/table.h"
@@ -17,6 +18,24 @@ int detail::GenAltOnSubClause(CSQLClause* stmt,
   if (const int result = table->BuildSQL("TABLE", stmt, stmt, out, nullptr)) return result;
   CSQLClause* clause = stmt != nullptr ? stmt->GetClause(subClause) : nullptr;
   return record->BuildSQL("", clause, stmt, out, nullptr);
+}
+
+bool detail::PartitionRun::set(CSQLClause* node, const std::string& path, const std::string& text) {
+  if (text.empty() || node == nullptr) return false;
+  note(node->SetValue(path.c_str(), text.c_str()));
+  return true;
+}
+
+void detail::PartitionRun::add(CSQLClause* node, const std::string& path, std::unique_ptr<CSQLClause> item) {
+  if (node != nullptr) note(node->AddAttr(path.c_str(), std::move(item)));
+}
+
+void detail::PartitionRun::leaves(CSQLClause* node, const std::string& path, CSQLValues& values) {
+  for (int i = 0; i < values.GetCount(); ++i) {
+    std::string text = values.GetValue(i);
+    if (text.empty()) text = values.GetEntry(i)->GetType();
+    if (!text.empty()) add(node, path, std::make_unique<CSQLAttr>(text.c_str(), "", text.c_str()));
+  }
 }
 
 int detail::EmitPartitionOperation(

@@ -63,28 +63,6 @@ bool changedInPlace(CSQLInfoLOBPartition* item) {
 
 }  // namespace
 
-// The state of one BuildSQL run: where the statements go, the UPDATE option, and the first failure
-// met while filling the statement at hand.
-struct CSQLInfoLOBPartitions::Run {
-  CSQLClause* clause;
-  CSQLClause* statement;
-  std::vector<std::string>* out;
-  std::string update;
-  int code = 0;
-
-  void note(int result) {
-    if (code == 0) code = result;
-  }
-  // Sets `path` below `node` to `text`; an empty text sets nothing.
-  void set(CSQLClause* node, const std::string& path, const std::string& text) {
-    if (!text.empty()) note(node->SetValue(path.c_str(), text.c_str()));
-  }
-  void set(const std::string& path, const std::string& text) { set(clause, path, text); }
-  void add(const std::string& path, std::unique_ptr<CSQLClause> item) {
-    note(clause->AddAttr(path.c_str(), std::move(item)));
-  }
-};
-
 // ---- one LOB column in one partition ------------------------------------------------------------
 
 CSQLInfoLOBPartition::CSQLInfoLOBPartition(const char* column,

@@ -69,38 +69,6 @@ const char* modifyVariant(Kind kind) {
 
 }  // namespace
 
-// The state of one BuildSQL run: where the statements go, the UPDATE option, and the first failure
-// met while filling the statement at hand.
-struct CSQLInfoPartitions::Run {
-  CSQLClause* clause;
-  CSQLClause* statement;
-  std::vector<std::string>* out;
-  std::string update;
-  int code = 0;
-
-  void note(int result) {
-    if (code == 0) code = result;
-  }
-  // Sets `path` below `node` to `text`; an empty text sets nothing. True when something was set.
-  bool set(CSQLClause* node, const std::string& path, const std::string& text) {
-    if (text.empty()) return false;
-    note(node->SetValue(path.c_str(), text.c_str()));
-    return true;
-  }
-  bool set(const std::string& path, const std::string& text) { return set(clause, path, text); }
-  void add(CSQLClause* node, const std::string& path, std::unique_ptr<CSQLClause> item) {
-    note(node->AddAttr(path.c_str(), std::move(item)));
-  }
-  // One leaf per entry of `values`, named and valued after its text, appended to the list at `path`.
-  void leaves(CSQLClause* node, const std::string& path, CSQLValues& values) {
-    for (int i = 0; i < values.GetCount(); ++i) {
-      std::string text = values.GetValue(i);
-      if (text.empty()) text = values.GetEntry(i)->GetType();
-      if (!text.empty()) add(node, path, std::make_unique<CSQLAttr>(text.c_str(), "", text.c_str()));
-    }
-  }
-};
-
 // ---- subpartition -------------------------------------------------------------------------------
 
 CSQLInfoTableSubPartition::CSQLInfoTableSubPartition(const char* name, const char* type) {

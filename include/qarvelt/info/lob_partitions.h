@@ -70,6 +70,10 @@
 
 namespace qarvelt {
 
+namespace detail {
+struct PartitionRun;
+}
+
 // The LOB storage of one column in one partition or subpartition
 // (CSQLInfoLOBPartitions::CLOBColumn); its name is the column's name.
 class CSQLInfoLOBPartition : public CSQLInfoBase {
@@ -125,7 +129,7 @@ class CSQLInfoLOBPartitions : public CSQLInfoCollection<CSQLInfoLOBPartition> {
   void init() override;
 
  private:
-  struct Run;
+  using Run = detail::PartitionRun;
   // The position of the item of `column` in `partition`, or -1.
   int find(const char* column, const char* partition) const;
   // The MOVE, and the MODIFY, of one partition or subpartition with the LOB columns it concerns.

@@ -98,6 +98,10 @@
 
 namespace qarvelt {
 
+namespace detail {
+struct PartitionRun;
+}
+
 // One subpartition (CSQLInfoPartitions::CSubPartition); its name is the subpartition's name as the
 // record was loaded.
 class CSQLInfoTableSubPartition : public CSQLInfoBase {
@@ -173,7 +177,7 @@ class CSQLInfoPartitions : public CSQLInfoCollection<CSQLInfoTablePartition> {
   void init() override;
 
  private:
-  struct Run;
+  using Run = detail::PartitionRun;
   int dropStep(Run& run);
   int renameStep(Run& run);
   int truncateStep(Run& run);
