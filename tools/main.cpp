@@ -124,10 +124,9 @@ int main(int argc, char** argv) {
       if (*types) text = RunTypes(release);
     }
     if (isScript) {
-      if (!json) {
-        for (const std::string& warning : script.warnings)
-          std::cerr << "warning: " << warning << "\n";
-      }
+      // Warnings go to standard error always, and into the JSON with --json.
+      for (const std::string& warning : script.warnings)
+        std::cerr << "warning: " << warning << "\n";
       text = formatScript(script, terminator, json);
     }
     if (output.empty()) {
