@@ -12,6 +12,7 @@
 
 #include <qarvelt/clauses/column.h>
 #include <qarvelt/clauses/constraint.h>
+#include <qarvelt/clauses/lob.h>
 #include <qarvelt/clauses/partition.h>
 #include <qarvelt/clauses/storage.h>
 #include <qarvelt/statements/create_index.h>
@@ -199,6 +200,11 @@ class Writer {
       TreeFiller& f, const std::string& path, const Segment& s, const std::string& where, bool pctused);
   void tableProperties(TreeFiller& f);
   void lobs(TreeFiller& f);
+  void lobStorage(TreeFiller& f,
+                  const std::string& base,
+                  const std::string& column,
+                  const LobStorage& lob,
+                  const std::string& where);
   void partitioning(TreeFiller& f);
   void partitionDescription(TreeFiller& f,
                             const std::string& path,
@@ -544,33 +550,42 @@ void Writer::lobs(TreeFiller& f) {
             where);
       base = kProps + ";C_COLUMN_PROP;LISTLOB;" + item("L", n) + ";C_LOB_STORAGE";
     }
-    CheckNumber(lob.chunk, 1, 32768, where + ".chunk");
-    CheckNumber(lob.pctversion, 0, 100, where + ".pctversion");
-    if (!lob.pctversion.empty() && !lob.retention.empty()) {
-      Refuse(where + ".retention", "give either PCTVERSION or RETENTION, not both");
-    }
-    if (!lob.logging.empty() && lob.cache != "NOCACHE" && lob.cache != "CACHE READS") {
-      Refuse(where + ".logging", "LOGGING and NOLOGGING go with NOCACHE or CACHE READS");
-    }
-    if (lob.cache == "CACHE READS") RequireRelease(m_release, 2, where + ".cache", "CACHE READS");
-
-    f.Set(base + ";LOBITEM", id(c.name, at("columns", stored[n]) + ".name"), where);
-    std::string parameters = base + ";LOBITEM;C_LOB_PARAMETER";
-    if (!lob.segment.empty()) {
-      f.Set(base + ";LOBITEM;LOBSEG", id(lob.segment, where + ".segment"), where + ".segment");
-      parameters = base + ";LOBITEM;LOBSEG;C_LOB_PARAMETER";
-    }
-    if (!lob.tablespace.empty()) {
-      f.Set(parameters + ";TABLESPACE", id(lob.tablespace, where + ".tablespace"), where + ".tablespace");
-    }
-    f.Set(parameters + ";ENABLE", lob.in_row, where + ".in_row");
-    f.Set(parameters + ";CHUNK", lob.chunk, where + ".chunk");
-    f.Set(parameters + ";PCTVERSION", lob.pctversion, where + ".pctversion");
-    f.Set(parameters + ";RETENTION", lob.retention, where + ".retention");
-    f.Set(parameters + ";CACHE", lob.cache == "CACHE READS" ? "CACHE" : lob.cache, where + ".cache");
-    f.Set(parameters + ";CACHE;READS", lob.cache == "CACHE READS" ? "READS" : "", where + ".cache");
-    f.Set(parameters + ";CACHE;LOGGING", lob.logging, where + ".logging");
+    lobStorage(f, base, id(c.name, at("columns", stored[n]) + ".name"), lob, where);
   }
+}
+
+// LOB (column) STORE AS [segment] (parameters) below `base`, a C_LOB_STORAGE node.
+void Writer::lobStorage(TreeFiller& f,
+                        const std::string& base,
+                        const std::string& column,
+                        const LobStorage& lob,
+                        const std::string& where) {
+  CheckNumber(lob.chunk, 1, 32768, where + ".chunk");
+  CheckNumber(lob.pctversion, 0, 100, where + ".pctversion");
+  if (!lob.pctversion.empty() && !lob.retention.empty()) {
+    Refuse(where + ".retention", "give either PCTVERSION or RETENTION, not both");
+  }
+  if (!lob.logging.empty() && lob.cache != "NOCACHE" && lob.cache != "CACHE READS") {
+    Refuse(where + ".logging", "LOGGING and NOLOGGING go with NOCACHE or CACHE READS");
+  }
+  if (lob.cache == "CACHE READS") RequireRelease(m_release, 2, where + ".cache", "CACHE READS");
+
+  f.Set(base + ";LOBITEM", column, where);
+  std::string parameters = base + ";LOBITEM;C_LOB_PARAMETER";
+  if (!lob.segment.empty()) {
+    f.Set(base + ";LOBITEM;LOBSEG", id(lob.segment, where + ".segment"), where + ".segment");
+    parameters = base + ";LOBITEM;LOBSEG;C_LOB_PARAMETER";
+  }
+  if (!lob.tablespace.empty()) {
+    f.Set(parameters + ";TABLESPACE", id(lob.tablespace, where + ".tablespace"), where + ".tablespace");
+  }
+  f.Set(parameters + ";ENABLE", lob.in_row, where + ".in_row");
+  f.Set(parameters + ";CHUNK", lob.chunk, where + ".chunk");
+  f.Set(parameters + ";PCTVERSION", lob.pctversion, where + ".pctversion");
+  f.Set(parameters + ";RETENTION", lob.retention, where + ".retention");
+  f.Set(parameters + ";CACHE", lob.cache == "CACHE READS" ? "CACHE" : lob.cache, where + ".cache");
+  f.Set(parameters + ";CACHE;READS", lob.cache == "CACHE READS" ? "READS" : "", where + ".cache");
+  f.Set(parameters + ";CACHE;LOGGING", lob.logging, where + ".logging");
 }
 
 // ---- partitioning --------------------------------------------------------------------------------
@@ -732,6 +747,20 @@ void Writer::partitionDescription(TreeFiller& f,
       Refuse(where + ".compress", "the partitions of an index-organized table compress their key");
   }
   f.Set(path + ";COMPRESS", p.compress, where + ".compress");
+  // LOB storage of the partition: LOB (C) STORE AS (...) after its segment attributes.
+  for (std::size_t i = 0; i < p.lobs.size(); ++i) {
+    const PartitionLob& lob = p.lobs[i];
+    const std::string w = at(where + ".lobs", i);
+    const auto column = std::find_if(m_table.columns.begin(), m_table.columns.end(), [&](const Column& c) {
+      return c.name == lob.column;
+    });
+    if (column == m_table.columns.end() || !isLob(column->type)) {
+      Refuse(w + ".column", "no LOB column " + lob.column + " in the table");
+    }
+    const std::string name = item("L", i);
+    f.Add(path + ";LIST", make_unique<CSQLClauseLOBStorage>(name.c_str()), w);
+    lobStorage(f, path + ";LIST;" + name, id(lob.column, w + ".column"), lob.storage, w);
+  }
 }
 
 void Writer::subpartition(

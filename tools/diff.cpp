@@ -7,7 +7,8 @@
 //   5. the table's own properties (physical attributes, storage, logging, caching, parallel, row
 //      movement, a new tablespace) and the LOB storage of kept columns;
 //   6. added and modified columns;
-//   7. partition maintenance: drops, renames, moves, attribute changes, adds;
+//   7. partition maintenance: drops, renames, moves, attribute changes, adds; then the LOB storage
+//      of kept partitions;
 //   8. added constraints, then constraint state changes;
 //   9. index changes (ALTER INDEX), then new indexes;
 //  10. comments;
@@ -147,6 +148,7 @@ class Differ {
   void loadConstraints(CSQLInfoConstraints& constraints, CSQLInfoConstraints& followUp, Texts& redefined);
   void scriptIndexes(Texts& dropped, Texts& altered, Texts& created);
   void scriptPartitions(CSQLInfoTable& table, Texts& out);
+  void scriptPartitionLobs(CSQLInfoTable& table, Texts& out);
   void scriptComments(Texts& out);
 
   const Table& m_before;
@@ -649,6 +651,54 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
   CSQLAlterTable statement;
   if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
     throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
+  }
+  scriptPartitionLobs(table, out);
+}
+
+// The LOB storage of kept partitions, after the partitions have their new names.
+void Differ::scriptPartitionLobs(CSQLInfoTable& table, Texts& out) {
+  const Partitioning& a = m_before.partitioning;
+  const Partitioning& b = m_after.partitioning;
+  CSQLInfoLOBPartitions lobs;
+  load(lobs, "TYPE", b.type, a.type);
+  const std::pair<const char*, std::string LobStorage::*> values[] = {{"TABLESPACE", &LobStorage::tablespace},
+                                                                      {"CHUNK", &LobStorage::chunk},
+                                                                      {"PCTVERSION", &LobStorage::pctversion},
+                                                                      {"RETENTION", &LobStorage::retention},
+                                                                      {"CACHE", &LobStorage::cache},
+                                                                      {"LOGGING", &LobStorage::logging},
+                                                                      {"ENABLE", &LobStorage::in_row}};
+  bool any = false;
+  for (std::size_t n = 0; n < b.partitions.size(); ++n) {
+    const Partition& now = b.partitions[n];
+    const std::string oldName = now.renamed_from.empty() ? now.name : now.renamed_from;
+    const auto old = std::find_if(
+        a.partitions.begin(), a.partitions.end(), [&](const Partition& p) { return p.name == oldName; });
+    const std::string where = "partitioning.partitions[" + std::to_string(n) + "]";
+    if (old == a.partitions.end()) {
+      if (!now.lobs.empty())
+        warn("partition " + now.name + " is added with the table's LOB storage; its own is left out");
+      continue;
+    }
+    for (const PartitionLob& lob : now.lobs) {
+      const LobStorage none;
+      const LobStorage* before = &none;
+      for (const PartitionLob& o : old->lobs) {
+        if (renamed({o.column}).front() == lob.column) before = &o.storage;
+      }
+      const std::string column = id(lob.column, where + " lobs"), partition = id(now.name, where);
+      lobs.AddLOBColumn(column.c_str(), partition.c_str(), true);
+      CSQLInfoLOBPartitions::CLOBColumn& record = *lobs.GetLOBColumn(column.c_str(), partition.c_str());
+      for (const auto& [type, member] : values)
+        loadKept(record, type, lob.storage.*member, before->*member);
+      any = any || record.IsModified(nullptr);
+    }
+  }
+  if (!any) return;
+  CSQLAlterTable statement;
+  if (const int result = CSQLUtil::GenAltLOBPartition(&statement, &out, &table, &lobs)) {
+    throw ToolError(kExitFailure,
+                    "partition LOB storage: the change script failed with code " + std::to_string(result));
   }
 }
 

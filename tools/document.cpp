@@ -68,6 +68,17 @@ void readState(ObjectReader& r, ConstraintState& s) {
   });
 }
 
+void readLob(ObjectReader& l, LobStorage& lob) {
+  lob.tablespace = l.Text("tablespace");
+  lob.segment = l.Text("segment");
+  lob.chunk = l.Text("chunk");
+  lob.pctversion = l.Text("pctversion");
+  lob.retention = l.Flag("retention") == 1 ? "RETENTION" : "";
+  lob.cache = choice(l, "cache", {"CACHE", "NOCACHE", "CACHE READS"});
+  lob.logging = l.Keyword("logging", "LOGGING", "NOLOGGING");
+  lob.in_row = l.Keyword("in_row", "ENABLE", "DISABLE");
+}
+
 void readPartition(ObjectReader& r, Partition& p, bool subpartition) {
   p.name = r.Text("name", true);
   p.renamed_from = r.Text("renamed_from");
@@ -78,6 +89,11 @@ void readPartition(ObjectReader& r, Partition& p, bool subpartition) {
     p.logging = r.Keyword("logging", "LOGGING", "NOLOGGING");
     p.compress = r.Keyword("compress", "COMPRESS", "NOCOMPRESS");
     readSegment(r, p.segment);
+    r.Each("lobs", [&](ObjectReader& l) {
+      p.lobs.emplace_back();
+      p.lobs.back().column = l.Text("column", true);
+      readLob(l, p.lobs.back().storage);
+    });
     r.Each("subpartitions", [&](ObjectReader& s) {
       p.subpartitions.emplace_back();
       readPartition(s, p.subpartitions.back(), true);
@@ -103,16 +119,7 @@ void readColumn(ObjectReader& r, Column& c) {
   c.check = r.Text("check");
   c.constraint_name = r.Text("constraint");
   c.comment = r.Text("comment");
-  r.Object("lob", [&](ObjectReader& l) {
-    c.lob.tablespace = l.Text("tablespace");
-    c.lob.segment = l.Text("segment");
-    c.lob.chunk = l.Text("chunk");
-    c.lob.pctversion = l.Text("pctversion");
-    c.lob.retention = l.Flag("retention") == 1 ? "RETENTION" : "";
-    c.lob.cache = choice(l, "cache", {"CACHE", "NOCACHE", "CACHE READS"});
-    c.lob.logging = l.Keyword("logging", "LOGGING", "NOLOGGING");
-    c.lob.in_row = l.Keyword("in_row", "ENABLE", "DISABLE");
-  });
+  r.Object("lob", [&](ObjectReader& l) { readLob(l, c.lob); });
 }
 
 void readConstraint(ObjectReader& r, Constraint& c) {

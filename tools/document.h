@@ -60,6 +60,12 @@ struct IndexKey {
   std::string column, expression, order;  // order: ASC, DESC or ""
 };
 
+// The LOB storage of one LOB column in one partition.
+struct PartitionLob {
+  std::string column;
+  LobStorage storage;
+};
+
 struct Partition {
   std::string name, renamed_from;
   std::vector<std::string> values_less_than;  // range bounds
@@ -67,6 +73,7 @@ struct Partition {
   std::string tablespace;
   std::string logging, compress;
   Segment segment;
+  std::vector<PartitionLob> lobs;
   std::vector<Partition> subpartitions;
 };
 
