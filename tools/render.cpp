@@ -72,7 +72,14 @@ Values readValues(ObjectReader& reader, const char* key) {
   return values;
 }
 
-void readItems(ObjectReader& reader, std::vector<ItemDocument>& items) {
+// Items inside items go no deeper than any statement's lists do; deeper documents are refused
+// before they can exhaust the stack.
+constexpr int kMaxItemDepth = 32;
+
+void readItems(ObjectReader& reader, std::vector<ItemDocument>& items, int depth = 1) {
+  if (depth > kMaxItemDepth && reader.Raw("items") != nullptr) {
+    reader.Fail("items", "items nested deeper than " + std::to_string(kMaxItemDepth) + " levels");
+  }
   reader.Each("items", [&](ObjectReader& r) {
     ItemDocument item;
     item.where = r.Where();
@@ -88,7 +95,7 @@ void readItems(ObjectReader& reader, std::vector<ItemDocument>& items) {
     if (item.name.find(';') != std::string::npos) r.Fail("name", "an item name cannot hold \";\"");
     item.values = readValues(r, "values");
     item.init = readValues(r, "init");
-    readItems(r, item.items);
+    readItems(r, item.items, depth + 1);
     items.push_back(std::move(item));
   });
 }
