@@ -101,6 +101,16 @@ void CSQLInfoBase::RenderAndClear(CSQLClause* statement,
   if (node != nullptr) node->Clear();
 }
 
+std::string CSQLInfoBase::ExistingName() {
+  const std::string loaded = GetSQLValue("NAME").GetInit();
+  return loaded.empty() ? m_strName : loaded;
+}
+
+std::string CSQLInfoBase::WantedName() {
+  const std::string wanted = GetSQLValue("NAME").GetValue();
+  return wanted.empty() ? ExistingName() : wanted;
+}
+
 void CSQLInfoBase::Reset() {
   for (auto& value : m_values)
     value->Reset();

@@ -146,8 +146,7 @@ int CSQLInfoColumn::BuildSQL(std::string what,
                              const char* extra) {
   if (clause == nullptr) return 0;
   auto set = [clause](const char* path, const std::string& text) { clause->SetValue(path, text.c_str()); };
-  const std::string name =
-      GetSQLValue("NAME").GetValue().empty() ? GetName() : GetSQLValue("NAME").GetValue();
+  const std::string name = WantedName();
 
   if (what == "ADD") {
     set("COLUMN", name);
@@ -197,8 +196,7 @@ void CSQLInfoColumn::addLOBStorage(CSQLClause* statement) {
   auto owned = std::make_unique<CSQLClauseColumnProp::CSubSQLItemLOB>(GetName().c_str());
   CSQLClause* item = owned.get();
   if (statement->AddAttr("C_COLUMN;C_ADD_COLUMN;C_COLUMN_PROP;LISTLOB", std::move(owned)) != SQL_OK) return;
-  const std::string name =
-      GetSQLValue("NAME").GetValue().empty() ? GetName() : GetSQLValue("NAME").GetValue();
+  const std::string name = WantedName();
   detail::AppendNameLeaves(item, "C_LOB_STORAGE;LIST", {name});
   const std::string parameter = "C_LOB_STORAGE;C_LOB_PARAMETER;";
   for (const LOBPath& p : kLOBParameters) {
@@ -213,7 +211,7 @@ void CSQLInfoColumn::addLOBStorage(CSQLClause* statement) {
 // tablespace; each is an alteration of its own, written in a later pass of the statement.
 void CSQLInfoColumn::modifyLOBStorage(CSQLClause* statement) {
   if (statement == nullptr) return;
-  const std::string name = GetSQLValue("NAME").GetInit().empty() ? GetName() : GetSQLValue("NAME").GetInit();
+  const std::string name = ExistingName();
   bool modifiable = false;
   for (const LOBPath& p : kLOBModifiable)
     modifiable = modifiable || IsModified(lob(p.value).c_str());
@@ -331,9 +329,7 @@ int CSQLInfoColumns::dropStep(int mark,
   for (int i = 0; GetColumn(i) != nullptr; ++i) {
     if (markAt(i) != mark) continue;
     CColumn* column = GetColumn(i);
-    const std::string name = column->GetSQLValue("NAME").GetInit().empty()
-                                 ? column->GetName()
-                                 : column->GetSQLValue("NAME").GetInit();
+    const std::string name = column->ExistingName();
     clause->SetValue(node.c_str(), kind.c_str());
     detail::AppendNameLeaves(clause, (node + ";LIST").c_str(), {name});
     clause->SetValue((node + ";CASCADE").c_str(), changeOf("DROP;CASCADE").c_str());

@@ -18,13 +18,6 @@ std::string upper(std::string text) {
   return text;
 }
 
-// The constraint's name as it exists now: the initial "NAME", or the item's own name when the
-// caller did not load one.
-std::string existingName(CSQLInfoConstraint* c) {
-  const std::string loaded = c->GetSQLValue("NAME").GetInit();
-  return loaded.empty() ? c->GetName() : loaded;
-}
-
 }  // namespace
 
 ConstraintKind ConstraintKindOf(const std::string& type) {
@@ -107,8 +100,7 @@ int CSQLInfoConstraint::BuildSQL(std::string /*what*/,
                                  std::vector<std::string>* out,
                                  const char* extra) {
   if (clause == nullptr) return 0;
-  const std::string name =
-      GetSQLValue("NAME").GetValue().empty() ? GetName() : GetSQLValue("NAME").GetValue();
+  const std::string name = WantedName();
   auto owned = std::make_unique<CSQLClauseOutLineConstraint>(name.c_str());
   CSQLClause* item = owned.get();
   if (clause->AddAttr(nullptr, std::move(owned)) != SQL_OK) return 0;
@@ -187,7 +179,7 @@ int CSQLInfoConstraints::BuildSQL(std::string /*what*/,
   for (int i = 0; GetConstraint(i) != nullptr; ++i) {
     if (!IsDrop(i) || drop == nullptr) continue;
     CConstraint* c = GetConstraint(i);
-    drop->SetValue("CONSTRAINT", existingName(c).c_str());
+    drop->SetValue("CONSTRAINT", c->ExistingName().c_str());
     drop->SetValue("CONSTRAINT;CASCADE", (*c->GetSQLValue("CASCADE")).c_str());
     RenderAndClear(statement, "*;C_CONSTRAINT;C_DROP_CONSTRAINT;*", drop, out);
   }
@@ -196,7 +188,7 @@ int CSQLInfoConstraints::BuildSQL(std::string /*what*/,
   for (int i = 0; GetConstraint(i) != nullptr; ++i) {
     CConstraint* c = GetConstraint(i);
     if (!kept(i) || c->IsModified("NAME") || !c->STATE()->IsModified(nullptr) || modify == nullptr) continue;
-    modify->SetValue(nullptr, existingName(c).c_str());
+    modify->SetValue(nullptr, c->ExistingName().c_str());
     c->STATE()->BuildSQL("", modify->GetClause("C_CONSTRAINT_STATE"), statement, out, extra);
     RenderAndClear(statement, "*;C_CONSTRAINT;MODIFY;*", modify, out);
   }
@@ -205,7 +197,7 @@ int CSQLInfoConstraints::BuildSQL(std::string /*what*/,
   for (int i = 0; GetConstraint(i) != nullptr; ++i) {
     CConstraint* c = GetConstraint(i);
     if (!kept(i) || !c->IsModified("NAME") || rename == nullptr) continue;
-    rename->SetValue(nullptr, existingName(c).c_str());
+    rename->SetValue(nullptr, c->ExistingName().c_str());
     rename->SetValue("NEWNAME", c->GetSQLValue("NAME").GetValue().c_str());
     RenderAndClear(statement, "*;C_CONSTRAINT;RENAME;*", rename, out);
   }

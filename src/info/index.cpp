@@ -59,19 +59,8 @@ bool needsRebuild(CSQLInfoBase& record) {
          keywordChanged(record, "COMPRESS") || record.IsModified("REVERSE");
 }
 
-// The item's name as it exists now ("NAME" as loaded, else the item's own name), and as it will be.
-std::string existingName(CSQLInfoBase& item) {
-  const std::string loaded = item.GetSQLValue("NAME").GetInit();
-  return loaded.empty() ? item.GetName() : loaded;
-}
-
-std::string currentName(CSQLInfoBase& item) {
-  const std::string name = current(item, "NAME");
-  return name.empty() ? existingName(item) : name;
-}
-
 bool renamed(CSQLInfoBase& item) {
-  return requested(item, "NAME") && current(item, "NAME") != existingName(item);
+  return requested(item, "NAME") && current(item, "NAME") != item.ExistingName();
 }
 
 void set(CSQLClause* tree, const std::string& path, const std::string& text) {
@@ -125,9 +114,9 @@ int CSQLInfoIndexSubPartition::BuildSQL(std::string what,
                                         std::vector<std::string>* out,
                                         const char* extra) {
   if (clause == nullptr) return 0;
-  const std::string name = currentName(*this);
+  const std::string name = WantedName();
   if (what == "RENAME" && renamed(*this)) {
-    set(clause, kRenamePart + ";SUBPARTITION", existingName(*this));
+    set(clause, kRenamePart + ";SUBPARTITION", ExistingName());
     set(clause, kRenamePart + ";TO", name);
     RenderAndClear(statement, renderPath(kRenamePart).c_str(), node(clause, kRenamePart), out);
   } else if (what == "REBUILD" && needsRebuild(*this)) {
@@ -176,14 +165,14 @@ int CSQLInfoIndexPartition::BuildSQL(std::string what,
                                      std::vector<std::string>* out,
                                      const char* extra) {
   if (clause == nullptr) return 0;
-  const std::string name = currentName(*this);
+  const std::string name = WantedName();
   // A partition with subpartitions has no segment of its own: its attributes are the defaults of
   // its subpartitions, and it cannot be rebuilt as a whole.
   const bool composite = GetCount() > 0;
 
   if (what == "RENAME") {
     if (renamed(*this)) {
-      set(clause, kRenamePart + ";PARTITION", existingName(*this));
+      set(clause, kRenamePart + ";PARTITION", ExistingName());
       set(clause, kRenamePart + ";TO", name);
       RenderAndClear(statement, renderPath(kRenamePart).c_str(), node(clause, kRenamePart), out);
     }
@@ -261,7 +250,7 @@ int CSQLInfoIndex::BuildSQL(std::string what,
   if (current(*this, "LOCAL") != "LOCAL") {
     for (int i = 0; i < GetCount(); ++i) {
       if (!IsDrop(i)) continue;
-      set(clause, kDropPart + ";PARTITION", existingName(*itemAt(i)));
+      set(clause, kDropPart + ";PARTITION", itemAt(i)->ExistingName());
       RenderAndClear(statement, renderPath(kDropPart).c_str(), node(clause, kDropPart), out);
     }
   }

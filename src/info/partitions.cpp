@@ -42,13 +42,6 @@ std::string change(CSQLInfoBase* record, const char* type) {
 }
 
 // The name a value "NAME" holds, initial or current; the item's own name when that text is empty.
-std::string nameOf(CSQLInfoBase* record, bool wanted) {
-  CSQLValue& name = record->GetSQLValue("NAME");
-  std::string text = wanted ? name.GetValue() : std::string();
-  if (text.empty()) text = name.GetInit();
-  return text.empty() ? record->GetName() : text;
-}
-
 const char* const kPhysical[] = {"PCTFREE", "PCTUSED", "INITRANS", "MAXTRANS"};
 // Storage that Oracle changes in place, and storage that only a new segment takes.
 const char* const kStorageInPlace[] = {"NEXT", "MAXEXTENTS", "PCTINCREASE", "FREELISTS", "BUFFER_POOL"};
@@ -91,14 +84,6 @@ CSQLValues& CSQLInfoTableSubPartition::VALUES() {
 
 CSQLValues& CSQLInfoTableSubPartition::ADD_VALUES() {
   return static_cast<CSQLValues&>(GetSQLValue("VALUES;ADD"));
-}
-
-std::string CSQLInfoTableSubPartition::OldName() {
-  return nameOf(this, false);
-}
-
-std::string CSQLInfoTableSubPartition::NewName() {
-  return nameOf(this, true);
 }
 
 // ---- partition ----------------------------------------------------------------------------------
@@ -153,14 +138,6 @@ CSQLValues& CSQLInfoTablePartition::VALUES() {
 
 CSQLValues& CSQLInfoTablePartition::ADD_VALUES() {
   return static_cast<CSQLValues&>(GetSQLValue("VALUES;ADD"));
-}
-
-std::string CSQLInfoTablePartition::OldName() {
-  return nameOf(this, false);
-}
-
-std::string CSQLInfoTablePartition::NewName() {
-  return nameOf(this, true);
 }
 
 bool CSQLInfoTablePartition::IsComposite() {
@@ -226,11 +203,11 @@ int CSQLInfoPartitions::dropStep(Run& run) {
       if (!p->IsDrop(j)) continue;
       int result;
       if (kindOf(s) == Kind::Hash && kindOf(p) == Kind::Range) {
-        run.set("C_MOD_TAB_PART;PARTITION", p->OldName());
+        run.set("C_MOD_TAB_PART;PARTITION", p->ExistingName());
         run.set("C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;COALESCE", "COALESCE");
         result = emit(run, "C_MOD_TAB_PART");
       } else {
-        run.set("C_DROP_TAB_SUBPART;SUBPARTITION", s->OldName());
+        run.set("C_DROP_TAB_SUBPART;SUBPARTITION", s->ExistingName());
         run.set("C_DROP_TAB_SUBPART;SUBPARTITION;UPDATE", run.update);
         result = emit(run, "C_DROP_TAB_SUBPART");
       }
@@ -245,7 +222,7 @@ int CSQLInfoPartitions::dropStep(Run& run) {
       run.set("C_COALESCE_TAB_PART;UPDATE", run.update);
       result = emit(run, "C_COALESCE_TAB_PART");
     } else {
-      run.set("C_DROP_TAB_PART;PARTITION", p->OldName());
+      run.set("C_DROP_TAB_PART;PARTITION", p->ExistingName());
       run.set("C_DROP_TAB_PART;PARTITION;UPDATE", run.update);
       result = emit(run, "C_DROP_TAB_PART");
     }
@@ -263,10 +240,10 @@ int CSQLInfoPartitions::renameStep(Run& run) {
   };
   for (int i = 0; CPartition* p = GetPartition(i); ++i) {
     if (markAt(i) != ITEM_EXISTING) continue;
-    if (const int result = rename("PARTITION", p->OldName(), p->NewName())) return result;
+    if (const int result = rename("PARTITION", p->ExistingName(), p->WantedName())) return result;
     for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
       if (p->IsAdd(j) || p->IsDrop(j)) continue;
-      if (const int result = rename("SUBPARTITION", s->OldName(), s->NewName())) return result;
+      if (const int result = rename("SUBPARTITION", s->ExistingName(), s->WantedName())) return result;
     }
   }
   return 0;
@@ -283,12 +260,12 @@ int CSQLInfoPartitions::truncateStep(Run& run) {
   for (int i = 0; CPartition* p = GetPartition(i); ++i) {
     if (markAt(i) != ITEM_EXISTING) continue;
     if (!change(p, "TRUNCATE").empty()) {
-      if (const int result = truncate("PARTITION", p, p->NewName())) return result;
+      if (const int result = truncate("PARTITION", p, p->WantedName())) return result;
       continue;
     }
     for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
       if (p->IsAdd(j) || p->IsDrop(j) || change(s, "TRUNCATE").empty()) continue;
-      if (const int result = truncate("SUBPARTITION", s, s->NewName())) return result;
+      if (const int result = truncate("SUBPARTITION", s, s->WantedName())) return result;
     }
   }
   return 0;
@@ -311,10 +288,10 @@ int CSQLInfoPartitions::moveStep(Run& run) {
     if (moved) {
       int result;
       if (composite) {
-        run.set("C_MODIFY_TABLE_DEF_ATTR;PARTITION", p->NewName());
+        run.set("C_MODIFY_TABLE_DEF_ATTR;PARTITION", p->WantedName());
         result = emit(run, "C_MODIFY_TABLE_DEF_ATTR");
       } else {
-        run.set("C_MOVE_TAB_PART;PARTITION", p->NewName());
+        run.set("C_MOVE_TAB_PART;PARTITION", p->WantedName());
         run.set("C_MOVE_TAB_PART;PARTITION;UPDATE", run.update);
         result = emit(run, "C_MOVE_TAB_PART");
       }
@@ -324,7 +301,7 @@ int CSQLInfoPartitions::moveStep(Run& run) {
       if (p->IsAdd(j) || p->IsDrop(j)) continue;
       const std::string target = "C_MOVE_TAB_SUBPART;C_SUBPARTITION_SPEC;";
       if (!run.set(target + "C_PARTITION_STORAGE;TABLESPACE", change(s, "TABLESPACE"))) continue;
-      run.set(target + "SUBPARTITION", s->NewName());
+      run.set(target + "SUBPARTITION", s->WantedName());
       run.set("C_MOVE_TAB_SUBPART;UPDATE", run.update);
       if (const int result = emit(run, "C_MOVE_TAB_SUBPART")) return result;
     }
@@ -347,12 +324,12 @@ int CSQLInfoPartitions::modifyStep(Run& run) {
     changed |= run.set(attribute + "LOGGING", change(p, "LOGGING"));
     changed |= run.set(attribute + "COMPRESS", change(p, "COMPRESS"));
     if (changed) {
-      run.set("C_MOD_TAB_PART;PARTITION", p->NewName());
+      run.set("C_MOD_TAB_PART;PARTITION", p->WantedName());
       if (const int result = emit(run, "C_MOD_TAB_PART")) return result;
     }
 
     if (kind == Kind::List && p->ADD_VALUES().GetCount() > 0) {
-      run.set("C_MOD_TAB_PART;PARTITION", p->NewName());
+      run.set("C_MOD_TAB_PART;PARTITION", p->WantedName());
       run.set(variant + "ADD", "ADD");
       run.leaves(run.clause, variant + "ADD;LIST", p->ADD_VALUES());
       if (const int result = emit(run, "C_MOD_TAB_PART")) return result;
@@ -360,7 +337,7 @@ int CSQLInfoPartitions::modifyStep(Run& run) {
     for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
       if (p->IsAdd(j) || p->IsDrop(j)) continue;
       if (kindOf(s) != Kind::List || s->ADD_VALUES().GetCount() == 0) continue;
-      run.set("C_MOD_TAB_SUBPART;SUBPARTITION", s->NewName());
+      run.set("C_MOD_TAB_SUBPART;SUBPARTITION", s->WantedName());
       run.set("C_MOD_TAB_SUBPART;SUBPARTITION;C_MOD_LIST_SUBPART;ADD", "ADD");
       run.leaves(run.clause, "C_MOD_TAB_SUBPART;SUBPARTITION;C_MOD_LIST_SUBPART;ADD;LIST", s->ADD_VALUES());
       if (const int result = emit(run, "C_MOD_TAB_SUBPART")) return result;
@@ -376,7 +353,7 @@ int CSQLInfoPartitions::addStep(Run& run) {
     if (IsAdd(i)) {
       if (kind == Kind::Hash) {
         const std::string base = "C_ADD_TAB_PART;C_ADD_HASH_PART;";
-        run.set(base + "PARTITION", p->NewName());
+        run.set(base + "PARTITION", p->WantedName());
         run.set(base + "C_PARTITION_STORAGE;TABLESPACE", current(p, "TABLESPACE"));
         run.set(base + "UPDATE", run.update);
         if (const int result = emit(run, "C_ADD_TAB_PART")) return result;
@@ -384,7 +361,7 @@ int CSQLInfoPartitions::addStep(Run& run) {
       }
       const std::string base =
           kind == Kind::List ? "C_ADD_TAB_PART;C_ADD_LIST_PART;" : "C_ADD_TAB_PART;C_ADD_RANGE_PART;";
-      run.set(base + "PARTITION", p->NewName());
+      run.set(base + "PARTITION", p->WantedName());
       run.leaves(
           run.clause, base + (kind == Kind::List ? "C_LISTVALUES;LIST" : "C_RANGEVALUES;LIST"), p->VALUES());
       const std::string desc = base + "C_TAB_PART_DESC;";
@@ -401,7 +378,7 @@ int CSQLInfoPartitions::addStep(Run& run) {
       for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
         if (p->IsDrop(j)) continue;
         auto sub = std::make_unique<CSQLClauseSubPartitionSpec>(s->GetName().c_str());
-        run.set(sub.get(), "SUBPARTITION", s->NewName());
+        run.set(sub.get(), "SUBPARTITION", s->WantedName());
         if (kindOf(s) == Kind::List) run.leaves(sub.get(), "C_LISTVALUES;LIST", s->VALUES());
         run.set(sub.get(), "C_PARTITION_STORAGE;TABLESPACE", current(s, "TABLESPACE"));
         run.add(run.clause, desc + "C_PART_LEVEL_SUBPART;LIST", std::move(sub));
@@ -415,8 +392,8 @@ int CSQLInfoPartitions::addStep(Run& run) {
       const bool list = kindOf(s) == Kind::List;
       const std::string base = std::string("C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;") +
                                (list ? "C_ADD_LIST_SUBPART;" : "C_ADD_HASH_SUBPART;");
-      run.set("C_MOD_TAB_PART;PARTITION", p->NewName());
-      run.set(base + "C_SUBPARTITION_SPEC;SUBPARTITION", s->NewName());
+      run.set("C_MOD_TAB_PART;PARTITION", p->WantedName());
+      run.set(base + "C_SUBPARTITION_SPEC;SUBPARTITION", s->WantedName());
       if (list) run.leaves(run.clause, base + "C_SUBPARTITION_SPEC;C_LISTVALUES;LIST", s->VALUES());
       run.set(base + "C_SUBPARTITION_SPEC;C_PARTITION_STORAGE;TABLESPACE", current(s, "TABLESPACE"));
       if (!list) run.set(base + "UPDATE", run.update);

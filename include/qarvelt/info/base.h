@@ -49,6 +49,11 @@ class CSQLInfoBase {
   // Every current text goes back to its initial text.
   virtual void Reset();
 
+  // An item's name as it exists now: its "NAME" as loaded, else the record's own name; and as it
+  // will be: the current "NAME", else the existing name. A changed "NAME" is a rename.
+  std::string ExistingName();
+  std::string WantedName();
+
   // Writes `statement` along `path`, trims the text on both sides, appends it to `out` when it is not
   // empty, then clears `node` (the part of the tree just used) for the next statement.
   static void RenderAndClear(CSQLClause* statement,

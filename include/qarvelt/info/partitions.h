@@ -113,8 +113,6 @@ class CSQLInfoTableSubPartition : public CSQLInfoBase {
   CSQLValues& VALUES();
   CSQLValues& ADD_VALUES();
   // The name as it is in the database, and as the caller wants it.
-  std::string OldName();
-  std::string NewName();
 
  protected:
   void init() override;
@@ -140,8 +138,6 @@ class CSQLInfoTablePartition : public CSQLInfoCollection<CSQLInfoTableSubPartiti
   // The bound of an added partition, and the values an existing LIST partition takes on.
   CSQLValues& VALUES();
   CSQLValues& ADD_VALUES();
-  std::string OldName();
-  std::string NewName();
   // Whether the partition is divided into subpartitions: it has a "SUBTYPE" or subpartitions.
   bool IsComposite();
 
