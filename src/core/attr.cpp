@@ -27,7 +27,7 @@ CSQLAttr::CSQLAttr(const char* name,
   m_strSuffix = orEmpty(suffix);
   m_strPostfix = orEmpty(postfix);
   m_pValidator = validator != nullptr ? validator : &CSQLUtil::IsValid;
-  m_pLinked = linked;
+  setLinked(linked);
 }
 
 CSQLAttr::CSQLAttr(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {

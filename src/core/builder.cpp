@@ -13,7 +13,7 @@ Node Node::validator(SQLValidator fn) && {
 }
 
 Node Node::linked(CSQLClause* clause) && {
-  if (m_node != nullptr) m_node->m_pLinked = clause;
+  if (m_node != nullptr) m_node->setLinked(clause);
   return std::move(*this);
 }
 

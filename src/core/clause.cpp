@@ -41,7 +41,28 @@ void Trim(std::string& text) {
 
 CSQLClause::CSQLClause(bool /*bInit*/, int nOraVersion) : m_nOraVersion(nOraVersion) {}
 
-CSQLClause::~CSQLClause() = default;
+CSQLClause::~CSQLClause() {
+  // Nothing may keep pointing at this node, and this node's target must forget it.
+  for (CSQLClause* linker : m_linkers)
+    linker->m_pLinked = nullptr;
+  m_linkers.clear();
+  setLinked(nullptr);
+}
+
+void CSQLClause::setLinked(CSQLClause* target) {
+  if (m_pLinked == target) return;
+  if (m_pLinked != nullptr) {
+    auto& linkers = m_pLinked->m_linkers;
+    for (auto it = linkers.begin(); it != linkers.end(); ++it) {
+      if (*it == this) {
+        linkers.erase(it);
+        break;
+      }
+    }
+  }
+  m_pLinked = target;
+  if (target != nullptr) target->m_linkers.push_back(this);
+}
 
 void CSQLClause::setup(const char* name, bool bInit) {
   setName(name);
@@ -157,7 +178,16 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
 bool CSQLClause::beginText(const char* path, std::string& text) {
   text.clear();
   preModifiedSQL(path, text);
-  return m_cbAfterPrefix != nullptr && m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) == 1;
+  if (m_cbAfterPrefix == nullptr || m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) != 1) return false;
+  // The callback has finished the node: what it wrote, or left out, counts as written.
+  markWritten();
+  return true;
+}
+
+void CSQLClause::markWritten() {
+  if (isModified(nullptr)) m_bUsed = true;
+  for (auto& child : m_children)
+    child->markWritten();
 }
 
 int CSQLClause::endText(const char* path, std::string& text) {
@@ -287,7 +317,7 @@ void CSQLClause::Copy(CSQLClause* target) {
   target->m_strPostfix = m_strPostfix;
   target->m_strInit = m_strInit;
   target->m_strValue = m_strValue;
-  target->m_pLinked = m_pLinked;
+  target->setLinked(m_pLinked);
   target->m_nOraVersion = m_nOraVersion;
   // Counted first, so that copying a node into itself terminates.
   const std::size_t count = m_children.size();
@@ -295,13 +325,14 @@ void CSQLClause::Copy(CSQLClause* target) {
   for (std::size_t i = 0; i < count; ++i) {
     if (CSQLClause* clone = m_children[i]->operator*()) target->m_children.emplace_back(clone);
   }
-  if (target != this && target->m_children.size() == offset + count) relinkCopies(target, offset);
+  relinkCopies(target, offset, count);
 }
 
 // A link between two nodes of the copied subtree (the ON COMMIT leaf of CREATE TABLE linked to its
-// TEMPORARY leaf) is pointed at the copies, so that a clone never refers into its source. Links to
-// nodes outside the subtree keep their pointer.
-void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset) {
+// TEMPORARY leaf) is pointed at the copies, so that a clone never refers into its source. A link to a
+// node outside the subtree, the copied node's own included, is cleared: the copy may outlive that
+// node, and callbacks read a missing link as "no condition".
+void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset, std::size_t count) {
   std::unordered_map<const CSQLClause*, CSQLClause*> copies;
   std::vector<std::pair<CSQLClause*, CSQLClause*>> pairs;
   bool linked = false;
@@ -314,12 +345,20 @@ void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset) {
       pair(from->m_children[i].get(), to->m_children[i].get());
   };
   copies[this] = target;
-  for (std::size_t i = 0; i < m_children.size(); ++i)
-    pair(m_children[i].get(), target->m_children[offset + i].get());
+  // A node copied into itself keeps its own link: it is the source as much as the copy.
+  if (target != this) {
+    pairs.emplace_back(this, target);
+    linked = m_pLinked != nullptr;
+  }
+  if (target->m_children.size() == offset + count) {
+    for (std::size_t i = 0; i < count; ++i)
+      pair(m_children[i].get(), target->m_children[offset + i].get());
+  }
   if (!linked) return;
   for (auto& [from, to] : pairs) {
+    if (from->m_pLinked == nullptr) continue;
     auto found = copies.find(from->m_pLinked);
-    if (found != copies.end()) to->m_pLinked = found->second;
+    to->setLinked(found != copies.end() ? found->second : nullptr);
   }
 }
 
@@ -341,11 +380,21 @@ bool CSQLClause::hasUnused() {
 
 void CSQLClause::RefreshUsed() {
   if (hasUnused()) {
-    for (auto& child : m_children) {
-      if (child->GetSubType() == "OR") child->RefreshUsed();
-    }
+    refreshNested();
   } else {
     resetUsedAttrs();
+  }
+}
+
+// An OR container at any depth withdraws its written alternative; without this, an OR below an AND
+// or a clause would choose its first alternative again on every pass.
+void CSQLClause::refreshNested() {
+  for (auto& child : m_children) {
+    if (child->GetSubType() == "OR") {
+      child->RefreshUsed();
+    } else {
+      child->refreshNested();
+    }
   }
 }
 

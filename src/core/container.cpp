@@ -136,9 +136,16 @@ int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
 }
 
 void CSQLContOR::RefreshUsed() {
+  // When some alternative has nothing left to write, every written alternative is withdrawn (reset
+  // is idempotent, so once is enough). Otherwise the alternatives nested in the alternatives take
+  // their turn.
   for (auto& child : m_children) {
-    if (!child->hasUnused()) resetUsedAttrs();
+    if (!child->hasUnused()) {
+      resetUsedAttrs();
+      return;
+    }
   }
+  refreshNested();
 }
 
 CSQLClause* CSQLContOR::operator*() {

@@ -131,8 +131,19 @@ class CSQLClause {
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
   CSQLClause* cloneInto(CSQLClause* fresh);
-  // After Copy: links between nodes of the copied subtree are pointed at the copies.
-  void relinkCopies(CSQLClause* target, std::size_t offset);
+  // After Copy: links between nodes of the copied subtree (the `count` children appended to `target`
+  // from `offset` on) are pointed at the copies; links to nodes outside it are cleared, so that a
+  // copy never refers to a node it does not own.
+  void relinkCopies(CSQLClause* target, std::size_t offset, std::size_t count);
+  // Points this node's link at `target` (null: no link). The target remembers the nodes linked to it
+  // and clears their links when it is destroyed, so a link never outlives the node it names.
+  void setLinked(CSQLClause* target);
+  // Marks every modified node of this subtree as written: what a callback leaves out on purpose
+  // counts as consumed, so a host's pass loop does not wait for it.
+  void markWritten();
+  // Lets every OR container below this node (not only the direct children) withdraw the alternative
+  // it has written: the part of RefreshUsed that reaches nested alternatives.
+  void refreshNested();
   // The first steps of every writer: empty the text, write the prefix, call the after-prefix callback.
   // True when the callback finished the node (the writer then returns 0 at once).
   bool beginText(const char* path, std::string& text);
@@ -157,6 +168,7 @@ class CSQLClause {
   std::string m_strValue;
   std::string m_strInit;
   CSQLClause* m_pLinked = nullptr;
+  std::vector<CSQLClause*> m_linkers;  // the nodes whose link names this node
   SQLValidator m_pValidator = nullptr;
   SQLCallback m_cbAfterPrefix = nullptr;
   SQLCallback m_cbAfterPostfix = nullptr;
