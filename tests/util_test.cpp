@@ -49,14 +49,14 @@ TEST(Catalogue, ByReleaseCode) {
   EXPECT_EQ(std::count(four.begin(), four.end(), "TIMESTAMP"), 1);
 }
 
-TEST(Catalogue, CachedUntilTheCodeChanges) {
-  std::vector<std::string>& first = CSQLUtil::GetDataTypes(7);
-  first.push_back("MARK");  // the same array comes back while the code stays
-  std::vector<std::string>& second = CSQLUtil::GetDataTypes(7);
-  EXPECT_EQ(&first, &second);
-  EXPECT_EQ(second.back(), "MARK");
-  EXPECT_EQ(CSQLUtil::GetDataTypes(0).size(), 10u);  // another code rebuilds it
-  EXPECT_EQ(CSQLUtil::GetDataTypes(7).size(), 24u);
+TEST(Catalogue, OneListPerCodeForTheWholeRun) {
+  const std::vector<std::string>* seven = &CSQLUtil::GetDataTypes(7);
+  EXPECT_EQ(CSQLUtil::GetDataTypes(0).size(), 10u);
+  // Asking for another code leaves the list a host holds as it was.
+  EXPECT_EQ(&CSQLUtil::GetDataTypes(7), seven);
+  EXPECT_EQ(seven->size(), 24u);
+  EXPECT_TRUE(CSQLUtil::GetDataTypes(-1).empty());
+  EXPECT_EQ(CSQLUtil::GetDataTypes(99), *seven);
 }
 
 TEST(TypeQuestions, AnswersByName) {

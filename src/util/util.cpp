@@ -1,13 +1,14 @@
 #include "qarvelt/util/util.h"
 
+#include "qarvelt/core/clause.h"
+
+#include <algorithm>
 #include <cctype>
 #include <initializer_list>
 
 namespace qarvelt {
 
 std::string CSQLUtil::STR_SPACES = "   ";
-std::vector<std::string> CSQLUtil::m_arrTypes;
-int CSQLUtil::s_nTypesVersion = 0;
 
 namespace {
 
@@ -65,15 +66,19 @@ bool oneOf(const std::string& text, std::initializer_list<const char*> names) {
 }  // namespace
 
 std::vector<std::string>& CSQLUtil::GetDataTypes(int nOraVersion) {
-  if (nOraVersion != s_nTypesVersion) {
-    m_arrTypes.clear();
-    s_nTypesVersion = nOraVersion;
-  }
-  if (!m_arrTypes.empty()) return m_arrTypes;
-  for (const TypeGate& type : kTypes) {
-    if (nOraVersion >= type.since) m_arrTypes.emplace_back(type.name);
-  }
-  return m_arrTypes;
+  // Built once, by the first caller, under the guarantee of a function-local static; read-only after.
+  static std::vector<std::vector<std::string>> lists = [] {
+    std::vector<std::vector<std::string>> byCode(kLatestRelease + 1);
+    for (int code = 0; code <= kLatestRelease; ++code) {
+      for (const TypeGate& type : kTypes) {
+        if (code >= type.since) byCode[static_cast<std::size_t>(code)].emplace_back(type.name);
+      }
+    }
+    return byCode;
+  }();
+  static std::vector<std::string> none;
+  if (nOraVersion < 0) return none;
+  return lists[static_cast<std::size_t>(std::min(nOraVersion, kLatestRelease))];
 }
 
 int CSQLUtil::IsLOBType(const char* type) {

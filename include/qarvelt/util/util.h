@@ -19,9 +19,10 @@ class CSQLInfoTable;
 
 class CSQLUtil {
  public:
-  // The data types of Oracle columns for a release code, in catalogue order (not sorted). The array is
-  // shared and rebuilt when the code differs from the previous call's: a returned reference is valid
-  // until the next call with another code. For one thread at a time.
+  // The data types of Oracle columns for a release code, in catalogue order (not sorted). There is one
+  // list per release code, built once on first use (safely, from any thread) and never changed after:
+  // a returned reference stays valid and the same for the life of the program. Treat it as read-only.
+  // A code below 0 has no types; a code above the latest known has the latest code's.
   static std::vector<std::string>& GetDataTypes(int nOraVersion);
 
   // 1 for CLOB, BLOB, NCLOB and BFILE exactly as written (no upper-casing), else 0.
@@ -92,12 +93,6 @@ class CSQLUtil {
 
   // Three blanks: an indentation unit for hosts.
   static std::string STR_SPACES;
-
- protected:
-  static std::vector<std::string> m_arrTypes;
-
- private:
-  static int s_nTypesVersion;
 };
 
 }  // namespace qarvelt
