@@ -6,12 +6,14 @@
 //   qarvelt paths KIND [--release N]     the attribute paths of a statement kind
 //   qarvelt kinds                        the statement kinds
 //   qarvelt types [--release N]          the column data types of a release
+//   qarvelt --version                    the library version
 //
 // Exit codes: 0 done, 1 refused while writing, 2 bad input, 3 needs the table created anew.
 #include <fstream>
 #include <iostream>
 #include <sstream>
 
+#include <qarvelt/version.h>
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
@@ -56,6 +58,7 @@ std::string formatScript(const Script& script, const std::string& terminator, bo
 int main(int argc, char** argv) {
   CLI::App app{"qarvelt: writes Oracle CREATE and ALTER statements from table documents"};
   app.require_subcommand(1);
+  app.set_version_flag("--version", "qarvelt " QARVELT_VERSION_STRING);
   std::string terminator = ";";
   std::string output;
   bool json = false;
