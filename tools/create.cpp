@@ -117,7 +117,13 @@ void checkDataType(const Column& c, int release, const std::string& where) {
   if (!sizes.length && !c.length.empty()) Refuse(where + ".length", c.type + " takes no length or precision");
   if (sizes.required && c.length.empty())
     Refuse(where + ".length", "missing (" + c.type + " needs a length)");
-  CheckNumber(c.length, sizes.low, sizes.high, where + ".length");
+  if (c.length == "*") {
+    // NUMBER(*,s): the greatest precision, 38, with a scale.
+    if (c.type != "NUMBER") Refuse(where + ".length", "only NUMBER takes the precision *");
+    if (c.scale.empty()) Refuse(where + ".scale", "missing (the precision * goes with a scale)");
+  } else {
+    CheckNumber(c.length, sizes.low, sizes.high, where + ".length");
+  }
   if (!c.scale.empty()) {
     if (!sizes.scale) Refuse(where + ".scale", c.type + " takes no scale");
     if (c.length.empty()) Refuse(where + ".scale", "a scale needs a precision");
