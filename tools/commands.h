@@ -14,6 +14,7 @@ struct Options {
   bool allow_recreate = false;     // diff: accept differences that need the table created anew
   bool fail_on_data_loss = false;  // diff: refuse statements that lose data
   bool quote_all = false;          // write every identifier in double quotes
+  bool preserve_case = false;      // take names exactly as written, instead of folding them as Oracle does
 };
 
 // CREATE TABLE, its indexes and comments.

@@ -986,7 +986,8 @@ void Writer::comments(std::vector<std::string>& statements) const {
 }  // namespace
 
 Script RunCreate(const Table& table, const Options& options) {
-  return Writer(table, options).Run();
+  const Table resolved = ResolveNames(table, options.preserve_case);
+  return Writer(resolved, options).Run();
 }
 
 std::vector<std::string> CreateIndexStatements(const Table& table,

@@ -828,7 +828,9 @@ Script Differ::run() {
 }  // namespace
 
 Script RunDiff(const Table& before, const Table& after, const Options& options) {
-  return Differ(before, after, options).run();
+  const Table oldTable = ResolveNames(before, options.preserve_case);
+  const Table newTable = ResolveNames(after, options.preserve_case);
+  return Differ(oldTable, newTable, options).run();
 }
 
 }  // namespace qarvelt::tool

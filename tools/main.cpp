@@ -73,11 +73,18 @@ int main(int argc, char** argv) {
     command->add_flag("--json", json, "a JSON object with the statements and the warnings");
     command->add_flag("--quote-all", options.quote_all, "write every identifier in double quotes");
   };
+  auto addCase = [&](CLI::App* command) {
+    command->add_flag("--preserve-case",
+                      options.preserve_case,
+                      "take names in their exact case (lower-case names in double quotes) instead of "
+                      "folding them to upper case as Oracle does");
+  };
 
   std::string tableFile;
   auto* create = app.add_subcommand("create", "CREATE TABLE, its indexes and comments from a table document");
   create->add_option("TABLE", tableFile, "the table document (JSON)")->required();
   addOutput(create);
+  addCase(create);
 
   std::string oldFile, newFile;
   auto* diff = app.add_subcommand("diff", "the ALTER script from an old table document to a new one");
@@ -87,6 +94,7 @@ int main(int argc, char** argv) {
       "--allow-recreate", options.allow_recreate, "accept differences that need the table created anew");
   diff->add_flag("--fail-on-data-loss", options.fail_on_data_loss, "refuse statements that lose data");
   addOutput(diff);
+  addCase(diff);
 
   std::string statementFile;
   auto* render = app.add_subcommand("render", "any statement of the library from a statement document");
