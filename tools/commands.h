@@ -14,6 +14,7 @@ struct Options {
   bool allow_recreate = false;     // diff: accept differences that need the table created anew
   bool fail_on_data_loss = false;  // diff: refuse statements that lose data
   bool quote_all = false;          // write every identifier in double quotes
+  bool preserve_case = false;      // take names exactly as written, instead of folding them as Oracle does
 };
 
 // CREATE TABLE, its indexes and comments.
@@ -22,6 +23,14 @@ Script RunCreate(const Table& table, const Options& options);
 std::vector<std::string> CreateIndexStatements(const Table& table,
                                                const std::vector<Index>& indexes,
                                                const Options& options);
+// ALTER TABLE ... ADD CONSTRAINT statements for the constraints of `table` at the positions `which`.
+std::vector<std::string> AddConstraintStatements(const Table& table,
+                                                 const std::vector<std::size_t>& which,
+                                                 const Options& options);
+// The index of `table` that key constraint `c` is built on, or nullptr: the index its using_index
+// names, or else an index on exactly its columns (from Oracle 8i, which builds a key on an existing
+// index). Such a key is added after its index is created.
+const Index* KeyIndex(const Table& table, const Constraint& c);
 // The ALTER script from `before` to `after`.
 Script RunDiff(const Table& before, const Table& after, const Options& options);
 // Any statement of the library from a low-level document (kind, release, values, items).

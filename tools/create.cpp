@@ -1,6 +1,9 @@
-// qarvelt create: the CREATE TABLE statement of a table document, one CREATE INDEX per index and the
-// COMMENT statements, in that order. Both CREATE statements are filled into the library's statement
-// trees and written by them; the comments are plain text (the library has no tree for them).
+// qarvelt create: the CREATE TABLE statement of a table document, one CREATE INDEX per index, one
+// ALTER TABLE ... ADD CONSTRAINT per key built on one of those indexes, and the COMMENT statements,
+// in that order. A key on an index of the table cannot be declared in the CREATE TABLE (its index
+// does not exist yet, and a key index Oracle made for it would clash with the document's own), so it
+// is added once the index exists. The CREATE and ALTER statements are filled into the library's
+// statement trees and written by them; the comments are plain text (the library has no tree for them).
 //
 // The document is checked against its release first: what the release lacks (a data type, a
 // temporary table, list partitioning, ...) is refused with exit code 2, as is what Oracle would
@@ -15,6 +18,7 @@
 #include <qarvelt/clauses/lob.h>
 #include <qarvelt/clauses/partition.h>
 #include <qarvelt/clauses/storage.h>
+#include <qarvelt/statements/alter_table.h>
 #include <qarvelt/statements/create_index.h>
 #include <qarvelt/statements/create_table.h>
 #include <qarvelt/util/util.h>
@@ -117,7 +121,13 @@ void checkDataType(const Column& c, int release, const std::string& where) {
   if (!sizes.length && !c.length.empty()) Refuse(where + ".length", c.type + " takes no length or precision");
   if (sizes.required && c.length.empty())
     Refuse(where + ".length", "missing (" + c.type + " needs a length)");
-  CheckNumber(c.length, sizes.low, sizes.high, where + ".length");
+  if (c.length == "*") {
+    // NUMBER(*,s): the greatest precision, 38, with a scale.
+    if (c.type != "NUMBER") Refuse(where + ".length", "only NUMBER takes the precision *");
+    if (c.scale.empty()) Refuse(where + ".scale", "missing (the precision * goes with a scale)");
+  } else {
+    CheckNumber(c.length, sizes.low, sizes.high, where + ".length");
+  }
   if (!c.scale.empty()) {
     if (!sizes.scale) Refuse(where + ".scale", c.type + " takes no scale");
     if (c.length.empty()) Refuse(where + ".scale", "a scale needs a precision");
@@ -145,8 +155,20 @@ class Writer {
     script.statements.push_back(createTable());
     for (std::size_t i = 0; i < m_table.indexes.size(); ++i)
       script.statements.push_back(createIndex(m_table.indexes[i], i));
+    for (std::size_t i = 0; i < m_table.constraints.size(); ++i) {
+      if (KeyIndex(m_table, m_table.constraints[i]) != nullptr)
+        script.statements.push_back(addConstraint(m_table.constraints[i], i));
+    }
     comments(script.statements);
     return script;
+  }
+
+  // ALTER TABLE ... ADD CONSTRAINT statements for some of the table's constraints (by position).
+  std::vector<std::string> AddConstraints(const std::vector<std::size_t>& which) {
+    std::vector<std::string> statements;
+    for (std::size_t i : which)
+      statements.push_back(addConstraint(m_table.constraints.at(i), i));
+    return statements;
   }
 
   // CREATE INDEX statements for some of the table's indexes (those a diff adds).
@@ -193,7 +215,8 @@ class Writer {
   void checkColumns();
   std::string createTable();
   void column(TreeFiller& f, const Column& c, std::size_t i);
-  void constraint(TreeFiller& f, const Constraint& c, std::size_t i);
+  void constraint(TreeFiller& f, const std::string& base, const Constraint& c, const std::string& where);
+  std::string addConstraint(const Constraint& c, std::size_t i);
   void constraintState(TreeFiller& f, const std::string& path, const Constraint& c, const std::string& where);
   void physical(TreeFiller& f);
   void segment(
@@ -270,8 +293,17 @@ std::string Writer::createTable() {
     column(f, t.columns[i], i);
   std::vector<std::string> names;
   for (std::size_t i = 0; i < t.constraints.size(); ++i) {
-    constraint(f, t.constraints[i], i);
-    names.push_back(t.constraints[i].name);
+    const Constraint& c = t.constraints[i];
+    names.push_back(c.name);
+    if (KeyIndex(t, c) != nullptr) continue;  // added after its index
+    const std::string where = at("constraints", i);
+    if (!c.state.index_name.empty()) {
+      Refuse(where + ".using_index.name",
+             "no index " + (c.state.index_schema.empty() ? "" : c.state.index_schema + ".") +
+                 c.state.index_name + " in the document; the key of a new table uses one of its own indexes");
+    }
+    f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("R", i).c_str()), where);
+    constraint(f, kItems + ";" + item("R", i) + ";C_OUTLINE_CONSTRAINT", c, where);
   }
   for (const Column& c : t.columns)
     names.push_back(c.constraint_name);
@@ -325,10 +357,11 @@ void Writer::column(TreeFiller& f, const Column& c, std::size_t i) {
   }
 }
 
-void Writer::constraint(TreeFiller& f, const Constraint& c, std::size_t i) {
-  const std::string where = at("constraints", i);
-  const std::string base = kItems + ";" + item("R", i) + ";C_OUTLINE_CONSTRAINT";
-  f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("R", i).c_str()), where);
+// One out-of-line constraint at `base`, a C_OUTLINE_CONSTRAINT node or an item of the same class.
+void Writer::constraint(TreeFiller& f,
+                        const std::string& base,
+                        const Constraint& c,
+                        const std::string& where) {
   if (!c.name.empty()) f.Set(base + ";CONSTRAINT", id(c.name, where + ".name"), where + ".name");
   if (c.type == "CHECK" && !c.columns.empty())
     Refuse(where + ".columns", "a CHECK constraint takes no columns");
@@ -373,6 +406,40 @@ void Writer::constraint(TreeFiller& f, const Constraint& c, std::size_t i) {
     f.Set(base + ";CHECK", c.check, where + ".check");
   }
   constraintState(f, base + ";C_CONSTRAINT_STATE", c, where);
+}
+
+// ALTER TABLE ... ADD CONSTRAINT: a key on one of the table's indexes, once the index exists, or a
+// constraint that diff adds to an existing table.
+std::string Writer::addConstraint(const Constraint& c, std::size_t i) {
+  const std::string where = at("constraints", i);
+  Constraint key = c;
+  if (const Index* x = KeyIndex(m_table, c)) {
+    // The index leads with the key's columns, and a unique index holds no more than them.
+    std::vector<std::string> leading;
+    for (std::size_t j = 0; j < x->keys.size() && j < c.columns.size(); ++j)
+      leading.push_back(x->keys[j].expression.empty() ? x->keys[j].column : "");
+    std::sort(leading.begin(), leading.end());
+    std::vector<std::string> columns = c.columns;
+    std::sort(columns.begin(), columns.end());
+    if (x->bitmap || leading != columns || (x->unique && x->keys.size() != c.columns.size())) {
+      Refuse(where + ".using_index.name",
+             "the index " + x->name + " cannot hold the key: it must lead with the key's columns" +
+                 (x->unique ? " and, being unique, hold no others" : ""));
+    }
+    // An index the key is simply on is named from Oracle 10g Release 2; earlier releases build the
+    // key on an index of its columns by themselves.
+    if (key.state.index_name.empty() && m_release >= 6) {
+      key.state.index_schema = x->schema.empty() ? m_table.schema : x->schema;
+      key.state.index_name = x->name;
+    }
+  }
+  CSQLAlterTable statement(true, m_release);
+  TreeFiller f(statement, "ALTER TABLE");
+  if (!m_table.schema.empty()) f.Set("SCHEMA", id(m_table.schema, "schema"), "schema");
+  f.Set("TABLE", id(m_table.name, "name"), "name");
+  f.Add("C_CONSTRAINT;LIST", make_unique<CSQLClauseOutLineConstraint>("R1"), where);
+  constraint(f, "C_CONSTRAINT;LIST;R1", key, where);
+  return f.Write();
 }
 
 void Writer::constraintState(TreeFiller& f,
@@ -979,8 +1046,36 @@ void Writer::comments(std::vector<std::string>& statements) const {
 
 }  // namespace
 
+const Index* KeyIndex(const Table& table, const Constraint& c) {
+  if (c.type != "PRIMARY KEY" && c.type != "UNIQUE") return nullptr;
+  const ConstraintState& s = c.state;
+  if (!s.index_tablespace.empty()) return nullptr;  // a new index of its own
+  for (const Index& x : table.indexes) {
+    const std::string& schema = x.schema.empty() ? table.schema : x.schema;
+    if (!s.index_name.empty()) {
+      if (x.name == s.index_name && (s.index_schema.empty() || s.index_schema == schema)) return &x;
+      continue;
+    }
+    // From Oracle 8i a key is built on an existing index of its columns; an index on exactly them,
+    // created after the key, would be refused as a second index on one column list.
+    if (table.release < 2 || x.bitmap || x.keys.size() != c.columns.size()) continue;
+    bool same = true;
+    for (std::size_t j = 0; j < x.keys.size() && same; ++j)
+      same = x.keys[j].expression.empty() && x.keys[j].order != "DESC" && x.keys[j].column == c.columns[j];
+    if (same) return &x;
+  }
+  return nullptr;
+}
+
 Script RunCreate(const Table& table, const Options& options) {
-  return Writer(table, options).Run();
+  const Table resolved = ResolveNames(table, options.preserve_case);
+  return Writer(resolved, options).Run();
+}
+
+std::vector<std::string> AddConstraintStatements(const Table& table,
+                                                 const std::vector<std::size_t>& which,
+                                                 const Options& options) {
+  return Writer(table, options).AddConstraints(which);
 }
 
 std::vector<std::string> CreateIndexStatements(const Table& table,

@@ -10,7 +10,8 @@
 //   7. partition maintenance: drops, renames, moves, attribute changes, adds; then the LOB storage
 //      of kept partitions;
 //   8. added constraints, then constraint state changes;
-//   9. index changes (ALTER INDEX), then new indexes;
+//   9. index changes (ALTER INDEX), then new indexes, then added keys built on an index (USING INDEX
+//      i), now that their index exists under its new name;
 //  10. comments;
 //  11. the table's rename, last, so that every statement before it names the table as it is.
 #include <algorithm>
@@ -162,6 +163,9 @@ class Differ {
   // Old column name -> new column name, for the columns the new table keeps.
   std::map<std::string, std::string> m_newName;
   std::vector<std::string> m_lost;
+  // Added constraints (positions in the new table) written by the create writer: keys on an index
+  // of the table, which follow the new indexes, and keys with a USING INDEX clause of their own.
+  std::vector<std::size_t> m_keysOnIndexes, m_keysWithIndex;
 
   // Old column names as the new table calls them.
   std::vector<std::string> renamed(std::vector<std::string> names) const {
@@ -381,11 +385,23 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
         s.validate.empty() ? (s.enable == "DISABLE" ? "NOVALIDATE" : "VALIDATE") : s.validate,
         s.rely.empty() ? "NORELY" : s.rely};
   };
+  // The index a key is built on, under the new table's name for it: another index means the key
+  // is dropped and added again.
+  auto keyIndex = [this](const Table& t, const Constraint& c) {
+    const Index* x = KeyIndex(t, c);
+    const std::string name = x != nullptr ? x->name : c.state.index_name;
+    for (const Index& now : m_after.indexes) {
+      if (&t == &m_before && !name.empty() && now.renamed_from == name) return now.name;
+    }
+    return name;
+  };
   // x is the old constraint: its columns are compared under their new names.
-  auto sameDefinition = [this](const Constraint& x, const Constraint& y) {
+  auto sameDefinition = [this, keyIndex](const Constraint& x, const Constraint& y) {
     return x.type == y.type && renamed(x.columns) == y.columns && x.ref_schema == y.ref_schema &&
            x.ref_table == y.ref_table && x.ref_columns == y.ref_columns && x.on_delete == y.on_delete &&
-           x.check == y.check && (x.state.deferrable == "DEFERRABLE") == (y.state.deferrable == "DEFERRABLE");
+           x.check == y.check &&
+           (x.state.deferrable == "DEFERRABLE") == (y.state.deferrable == "DEFERRABLE") &&
+           keyIndex(m_before, x) == keyIndex(m_after, y);
   };
   auto fill = [&](CSQLInfoConstraints::CConstraint& c, const Constraint& d, const std::string& where) {
     load(c, "NAME", d.name.empty() ? "" : id(d.name, where), "");
@@ -466,6 +482,14 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
     if (redefine) {
       matched.insert(o);
       redefined.push_back(m_before.constraints[o].name);
+    }
+    if (KeyIndex(m_after, now) != nullptr || !now.state.index_name.empty()) {
+      m_keysOnIndexes.push_back(n);
+      continue;
+    }
+    if (!now.state.index_tablespace.empty()) {
+      m_keysWithIndex.push_back(n);
+      continue;
     }
     const std::string key = "+" + std::to_string(n);
     constraints.AddConstraint(key.c_str(), false);
@@ -750,6 +774,9 @@ Script Differ::run() {
   CSQLUtil::GenAltConstraint(&renamedConstraintTree, &constraintOut, &table, &renamedConstraints);
   Texts constraintAdds;
   writeTree(constraintTree, constraintAdds);
+  for (const std::string& text : AddConstraintStatements(m_after, m_keysWithIndex, m_options))
+    constraintAdds.push_back(text);
+  Texts keysOnIndexes = AddConstraintStatements(m_after, m_keysOnIndexes, m_options);
   Texts constraintDrops, constraintModifies, constraintRenames;
   for (const std::string& text : constraintOut) {
     Texts& bucket = text.find(" DROP CONSTRAINT ") != std::string::npos     ? constraintDrops
@@ -812,6 +839,7 @@ Script Differ::run() {
                             &constraintModifies,
                             &indexChanges,
                             &indexCreates,
+                            &keysOnIndexes,
                             &comments,
                             &rename}) {
     m_script.statements.insert(m_script.statements.end(), part->begin(), part->end());
@@ -828,7 +856,9 @@ Script Differ::run() {
 }  // namespace
 
 Script RunDiff(const Table& before, const Table& after, const Options& options) {
-  return Differ(before, after, options).run();
+  const Table oldTable = ResolveNames(before, options.preserve_case);
+  const Table newTable = ResolveNames(after, options.preserve_case);
+  return Differ(oldTable, newTable, options).run();
 }
 
 }  // namespace qarvelt::tool

@@ -35,6 +35,73 @@ bool ordinary(const std::string& name) {
   });
 }
 
+void fold(std::string& name) {
+  name = FoldName(name);
+}
+
+void fold(std::vector<std::string>& names) {
+  for (std::string& name : names)
+    fold(name);
+}
+
+void fold(LobStorage& lob) {
+  fold(lob.tablespace);
+  fold(lob.segment);
+}
+
+void fold(std::vector<Partition>& partitions) {
+  for (Partition& p : partitions) {
+    fold(p.name);
+    fold(p.renamed_from);
+    fold(p.tablespace);
+    for (PartitionLob& lob : p.lobs) {
+      fold(lob.column);
+      fold(lob.storage);
+    }
+    fold(p.subpartitions);
+  }
+}
+
+void foldNames(Table& t) {
+  fold(t.schema);
+  fold(t.name);
+  fold(t.tablespace);
+  for (Column& c : t.columns) {
+    fold(c.name);
+    fold(c.renamed_from);
+    fold(c.constraint_name);
+    fold(c.lob);
+  }
+  for (Constraint& c : t.constraints) {
+    fold(c.name);
+    fold(c.renamed_from);
+    fold(c.columns);
+    fold(c.ref_schema);
+    fold(c.ref_table);
+    fold(c.ref_columns);
+    fold(c.state.index_schema);
+    fold(c.state.index_name);
+    fold(c.state.index_tablespace);
+  }
+  for (Index& x : t.indexes) {
+    fold(x.name);
+    fold(x.schema);
+    fold(x.renamed_from);
+    for (IndexKey& k : x.keys)
+      fold(k.column);  // an expression is SQL text, written as it is
+    fold(x.tablespace);
+    fold(x.local_partitions);
+    fold(x.global_columns);
+    fold(x.global_partitions);
+  }
+  Partitioning& p = t.partitioning;
+  fold(p.columns);
+  fold(p.store_in);
+  fold(p.subcolumns);
+  fold(p.subtemplate);
+  fold(p.partitions);
+}
+
 }  // namespace
 
 int MaxIdentifierBytes(int /*release*/) {
@@ -61,6 +128,28 @@ std::string Identifier(const std::string& name, int release, bool quoteAll, cons
   }
   if (!quoteAll && ordinary(name) && !IsReservedWord(name)) return name;
   return "\"" + name + "\"";
+}
+
+std::string FoldName(const std::string& name) {
+  if (name.empty() || !std::isalpha(static_cast<unsigned char>(name[0]))) return name;
+  std::string upper;
+  for (char c : name) {
+    const auto u = static_cast<unsigned char>(c);
+    if (!std::isalnum(u) && c != '_' && c != '$' && c != '#') return name;
+    upper += static_cast<char>(std::toupper(u));
+  }
+  return IsReservedWord(upper) ? name : upper;
+}
+
+Table ResolveNames(Table table, bool preserveCase) {
+  if (!preserveCase) foldNames(table);
+  if (!table.schema.empty()) {
+    for (Constraint& c : table.constraints) {
+      if (!c.ref_table.empty() && c.ref_schema.empty()) c.ref_schema = table.schema;
+      if (!c.state.index_name.empty() && c.state.index_schema.empty()) c.state.index_schema = table.schema;
+    }
+  }
+  return table;
 }
 
 }  // namespace qarvelt::tool

@@ -6,12 +6,14 @@
 //   qarvelt paths KIND [--release N]     the attribute paths of a statement kind
 //   qarvelt kinds                        the statement kinds
 //   qarvelt types [--release N]          the column data types of a release
+//   qarvelt --version                    the library version
 //
 // Exit codes: 0 done, 1 refused while writing, 2 bad input, 3 needs the table created anew.
 #include <fstream>
 #include <iostream>
 #include <sstream>
 
+#include <qarvelt/version.h>
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
@@ -56,6 +58,7 @@ std::string formatScript(const Script& script, const std::string& terminator, bo
 int main(int argc, char** argv) {
   CLI::App app{"qarvelt: writes Oracle CREATE and ALTER statements from table documents"};
   app.require_subcommand(1);
+  app.set_version_flag("--version", "qarvelt " QARVELT_VERSION_STRING);
   std::string terminator = ";";
   std::string output;
   bool json = false;
@@ -70,11 +73,18 @@ int main(int argc, char** argv) {
     command->add_flag("--json", json, "a JSON object with the statements and the warnings");
     command->add_flag("--quote-all", options.quote_all, "write every identifier in double quotes");
   };
+  auto addCase = [&](CLI::App* command) {
+    command->add_flag("--preserve-case",
+                      options.preserve_case,
+                      "take names in their exact case (lower-case names in double quotes) instead of "
+                      "folding them to upper case as Oracle does");
+  };
 
   std::string tableFile;
   auto* create = app.add_subcommand("create", "CREATE TABLE, its indexes and comments from a table document");
   create->add_option("TABLE", tableFile, "the table document (JSON)")->required();
   addOutput(create);
+  addCase(create);
 
   std::string oldFile, newFile;
   auto* diff = app.add_subcommand("diff", "the ALTER script from an old table document to a new one");
@@ -84,6 +94,7 @@ int main(int argc, char** argv) {
       "--allow-recreate", options.allow_recreate, "accept differences that need the table created anew");
   diff->add_flag("--fail-on-data-loss", options.fail_on_data_loss, "refuse statements that lose data");
   addOutput(diff);
+  addCase(diff);
 
   std::string statementFile;
   auto* render = app.add_subcommand("render", "any statement of the library from a statement document");
