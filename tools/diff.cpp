@@ -22,6 +22,7 @@
 #include <qarvelt/qarvelt.h>
 
 #include "commands.h"
+#include "create_support.h"
 #include "identifiers.h"
 
 namespace qarvelt::tool {
@@ -80,13 +81,14 @@ void loadSegment(CSQLInfoBase& record, const Segment& now, const Segment& before
     loadKept(record, type, now.*member, before.*member);
 }
 
-// The data type families within which Oracle converts a column in place.
+// The data type families within which Oracle converts a column in place. The character types are
+// one family: CHAR, VARCHAR2 and their national forms convert into each other, values and all.
 int typeFamily(const std::string& type) {
   static const std::map<std::string, int> families = {{"CHAR", 1},
                                                       {"VARCHAR2", 1},
                                                       {"VARCHAR", 1},
-                                                      {"NCHAR", 2},
-                                                      {"NVARCHAR2", 2},
+                                                      {"NCHAR", 1},
+                                                      {"NVARCHAR2", 1},
                                                       {"NUMBER", 3},
                                                       {"FLOAT", 3},
                                                       {"INTEGER", 3},
@@ -114,6 +116,41 @@ long numberOr(const std::string& text, long fallback) {
   }
 }
 
+bool isNational(const std::string& type) {
+  return type == "NCHAR" || type == "NVARCHAR2";
+}
+
+// A column's type as a statement writes it: NUMBER, NUMBER(9,2), VARCHAR2(30 CHAR).
+std::string typeText(const Column& c) {
+  if (c.length.empty()) return c.type;
+  return c.type + "(" + c.length + (c.scale.empty() ? "" : "," + c.scale) +
+         (c.unit.empty() ? "" : " " + c.unit) + ")";
+}
+
+// Why a change within a type family can fail on a table with rows, or "" when it cannot.
+std::string narrowing(const Column& old, const Column& now) {
+  constexpr long kFloating = 1L << 20;  // the scale of a NUMBER without precision: any
+  const bool numeric = typeFamily(old.type) == typeFamily("NUMBER");
+  if (numeric && (old.type == "FLOAT") != (now.type == "FLOAT")) return "";  // binary precision
+  if (numeric) {
+    // Precision and scale; NUMBER alone holds any, INTEGER is NUMBER(38) and a precision of "*"
+    // is the largest.
+    auto precision = [](const Column& c) { return numberOr(c.length, c.type == "FLOAT" ? 126 : 38); };
+    auto scale = [&](const Column& c) {
+      if (c.type == "FLOAT" || (c.type == "NUMBER" && c.length.empty() && c.scale.empty())) return kFloating;
+      return numberOr(c.scale, 0);
+    };
+    if (precision(now) >= precision(old) && scale(now) >= scale(old)) return "";
+    return "Oracle refuses to decrease the precision or scale of a column that holds any value "
+           "(ORA-01440): the statement runs only while the column is empty";
+  }
+  if (!old.length.empty() && !now.length.empty() &&
+      numberOr(now.length, 1L << 30) < numberOr(old.length, 1L << 30)) {
+    return "values that do not fit make the statement fail";
+  }
+  return "";
+}
+
 class Differ {
  public:
   Differ(const Table& before, const Table& after, const Options& options)
@@ -129,9 +166,19 @@ class Differ {
     return (t.schema.empty() ? "" : id(t.schema, "schema") + ".") + id(t.name, "name");
   }
   [[noreturn]] void refuse(const std::string& what) {
+    m_why = what;
     throw ToolError(kExitNeedsRecreate,
                     tableName(m_before) + ": " + what +
                         "; no ALTER statement does this (--allow-recreate drops and creates the table)");
+  }
+  // Refuses a statement that the table's release lacks, naming the release that brought it.
+  void requireRelease(int since, const std::string& what) {
+    if (m_release >= since) return;
+    m_why = what + " needs " + create::ReleaseLabel(since);
+    throw ToolError(kExitNeedsRecreate,
+                    tableName(m_before) + ": " + what + " needs " + create::ReleaseLabel(since) +
+                        "; the table is for " + create::ReleaseLabel(m_release) +
+                        " (--allow-recreate drops and creates the table)");
   }
   void warn(const std::string& what) { m_script.warnings.push_back(what); }
   // A statement that loses data: a warning, or a refusal with --fail-on-data-loss.
@@ -141,6 +188,7 @@ class Differ {
   }
 
   void checkRecreate();
+  Script alter();
   Script recreate();
   void matchColumns();
   void loadTable(CSQLInfoTable& table);
@@ -162,6 +210,10 @@ class Differ {
   // Old column name -> new column name, for the columns the new table keeps.
   std::map<std::string, std::string> m_newName;
   std::vector<std::string> m_lost;
+  // Why the table has to be created anew, for the warning of --allow-recreate.
+  std::string m_why;
+  // A changed degree of parallelism in the bracketed form of the older releases, or "".
+  std::string m_parallel;
 
   // Old column names as the new table calls them.
   std::vector<std::string> renamed(std::vector<std::string> names) const {
@@ -201,13 +253,16 @@ void Differ::checkRecreate() {
 
 Script Differ::recreate() {
   Script script;
+  if (m_after.release != m_before.release) script.warnings.push_back(m_script.warnings.front());
   script.statements.push_back("DROP TABLE " + tableName(m_before) + " CASCADE CONSTRAINTS");
-  script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost");
+  script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost (" + m_why +
+                            ")");
   if (m_options.fail_on_data_loss) {
     throw ToolError(kExitFailure, "refused, the script loses data: " + script.warnings.back());
   }
   Script create = RunCreate(m_after, m_options);
   script.statements.insert(script.statements.end(), create.statements.begin(), create.statements.end());
+  script.warnings.insert(script.warnings.end(), create.warnings.begin(), create.warnings.end());
   return script;
 }
 
@@ -266,6 +321,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     columns.AddColumn(old.name.c_str(), true);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(old.name.c_str());
     if (m_droppedColumns.count(old.name) != 0) {
+      requireRelease(2, "dropping column " + old.name + " (DROP COLUMN)");
       load(record, "NAME", oldId, oldId);
       columns.DropColumn(old.name.c_str(), false, false);
       dataLoss("DROP COLUMN " + old.name + " of " + tableName(m_before) + " loses the column's data");
@@ -278,9 +334,14 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if (now.type != old.type && (typeFamily(now.type) < 0 || typeFamily(now.type) != typeFamily(old.type))) {
       refuse("column " + now.name + " changes its type from " + old.type + " to " + now.type);
     }
-    if (now.type == old.type && numberOr(now.length, 1L << 30) < numberOr(old.length, 1L << 30)) {
-      dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + old.length + " to " +
-               now.length + ": values that do not fit make the statement fail");
+    const std::string narrows = narrowing(old, now);
+    if (!narrows.empty()) {
+      dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + typeText(old) +
+               " to " + typeText(now) + ": " + narrows);
+    }
+    if (isNational(old.type) && !isNational(now.type)) {
+      dataLoss("column " + now.name + " of " + tableName(m_before) + " changes from " + old.type + " to " +
+               now.type + ": characters that the database character set lacks are replaced");
     }
     // Everything but the name, as it is and as it should be.
     auto loadChanges = [&](CSQLInfoColumns::CColumn& r) {
@@ -295,6 +356,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       loadLob(r, now.lob, old.lob, true);
     };
     const std::string nowId = id(now.name, where);
+    if (nowId != oldId) requireRelease(4, "renaming column " + old.name + " (RENAME COLUMN)");
     load(record, "NAME", nowId, oldId);
     if (nowId == oldId) {
       loadChanges(record);
@@ -325,6 +387,13 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     load(record, "SCALE", now.scale, "");
     load(record, "DEFAULT", now.default_value, "");
     if (now.not_null) load(*record.CONSTRAINT(), "NULL", "NOT NULL", "");
+    if (now.not_null && now.default_value.empty()) {
+      // Not data loss, but a statement that fails on any table with rows; --fail-on-data-loss
+      // refuses it too.
+      dataLoss("column " + now.name + " is added to " + tableName(m_before) +
+               " NOT NULL without a default: Oracle refuses this on a table with rows (ORA-01758); add it "
+               "nullable, fill it, then make it NOT NULL");
+    }
     if (now.unique) load(*record.CONSTRAINT(), "UNIQUE", "UNIQUE", "");
     if (now.primary_key) load(*record.CONSTRAINT(), "PRIMARY", "PRIMARY", "");
     if (!now.check.empty()) load(*record.CONSTRAINT(), "CHECK", now.check, "");
@@ -342,6 +411,17 @@ void Differ::loadTable(CSQLInfoTable& table) {
        m_before.schema.empty() ? "" : id(m_before.schema, "schema"),
        m_before.schema.empty() ? "" : id(m_before.schema, "schema"));
   load(table, "TABLE", id(m_before.name, "name"), id(m_before.name, "name"));
+  // What the release lacks, among the changes below.
+  auto changes = [](const std::string& now, const std::string& before) {
+    return !now.empty() && now != before;
+  };
+  if (changes(m_after.tablespace, m_before.tablespace))
+    requireRelease(2, "moving the table to another tablespace (MOVE)");
+  if (changes(m_after.logging, m_before.logging)) requireRelease(2, "LOGGING and NOLOGGING");
+  if (changes(m_after.compress, m_before.compress)) requireRelease(4, "table compression");
+  if (changes(m_after.monitoring, m_before.monitoring)) requireRelease(2, "MONITORING and NOMONITORING");
+  if (changes(m_after.row_movement, m_before.row_movement)) requireRelease(2, "row movement");
+  if (changes(m_after.segment.buffer_pool, m_before.segment.buffer_pool)) requireRelease(2, "BUFFER_POOL");
   loadKept(table, "TABLESPACE", m_after.tablespace, m_before.tablespace);
   const Segment& a = m_before.segment;
   const Segment& b = m_after.segment;
@@ -359,7 +439,21 @@ void Differ::loadTable(CSQLInfoTable& table) {
   };
   auto degree = [](const std::string& p) { return p == "NOPARALLEL" || p == "PARALLEL" ? "" : p; };
   const std::string parallel = m_after.parallel.empty() ? m_before.parallel : m_after.parallel;
-  if (parallel != m_before.parallel) {
+  if (parallel != m_before.parallel && m_release < 3) {
+    // The older releases take the degree in brackets, PARALLEL (DEGREE n), which the ALTER TABLE
+    // tree does not write: the clause of the table's release writes it, as a statement of its own.
+    CSQLClauseParallel clause(true, m_release);
+    clause.SetValue("PARALLEL", keyword(parallel).c_str());
+    if (!degree(parallel).empty()) {
+      clause.AddAttr("PARALLEL;LIST", std::make_unique<CSQLClauseParallel::CSubSQLItem>("DEGREE"));
+      clause.SetValue("PARALLEL;LIST;DEGREE;DEGREE", "DEGREE");
+      clause.SetValue("PARALLEL;LIST;DEGREE;DEGREE;VALUE", degree(parallel).c_str());
+    }
+    std::string text;
+    clause.GetModifiedSQL("*", text);
+    Trim(text);
+    m_parallel = "ALTER TABLE " + tableName(m_before) + " " + text;
+  } else if (parallel != m_before.parallel) {
     load(table,
          "PARALLEL",
          keyword(parallel),
@@ -448,6 +542,7 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
       // A renamed constraint's state changes follow its rename, under its new name.
       CSQLInfoConstraints::CConstraint* target = &c;
       if (nowId != oldId) {
+        requireRelease(4, "renaming constraint " + old.name + " (RENAME CONSTRAINT)");
         followUp.AddConstraint(key.c_str(), true);
         target = followUp.GetConstraint(key.c_str());
         load(*target, "NAME", nowId, nowId);
@@ -461,6 +556,8 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
         throw ToolError(kExitBadInput,
                         where + ": the state of an unnamed constraint cannot be changed; name it");
       }
+      if (target->STATE()->IsModified(nullptr))
+        requireRelease(2, "changing the state of constraint " + old.name + " (MODIFY CONSTRAINT)");
       continue;
     }
     if (redefine) {
@@ -724,12 +821,18 @@ Script Differ::run() {
     warn("the documents name different releases; the script is written for the new one's");
   }
   matchColumns();
+  // Whatever no ALTER statement can do, found anywhere in the comparison, drops the table and
+  // creates it anew when the caller allows it.
   try {
-    checkRecreate();
+    return alter();
   } catch (const ToolError& error) {
     if (!m_options.allow_recreate || error.code() != kExitNeedsRecreate) throw;
     return recreate();
   }
+}
+
+Script Differ::alter() {
+  checkRecreate();
 
   CSQLInfoTable table;
   loadTable(table);
@@ -780,8 +883,10 @@ Script Differ::run() {
   CSQLAlterTable propertyTree;
   CSQLUtil::GenAltTableProperty(&propertyTree, &properties, &table);
   writeTree(propertyTree, properties);
+  if (!m_parallel.empty()) properties.push_back(m_parallel);
   Texts rename;
   if (renamed) {
+    requireRelease(2, "renaming the table (RENAME TO)");
     CSQLInfoTable renaming;
     load(renaming,
          "SCHEMA",
