@@ -14,6 +14,7 @@
 //  10. comments;
 //  11. the table's rename, last, so that every statement before it names the table as it is.
 #include <algorithm>
+#include <cctype>
 #include <functional>
 #include <map>
 #include <memory>
@@ -116,6 +117,30 @@ long numberOr(const std::string& text, long fallback) {
   }
 }
 
+// The names an expression uses: unquoted words in upper case, quoted ones as written; string
+// literals are skipped.
+std::set<std::string> namesIn(const std::string& expression) {
+  std::set<std::string> names;
+  for (std::size_t i = 0; i < expression.size();) {
+    const unsigned char c = static_cast<unsigned char>(expression[i]);
+    if (c == '\'' || c == '"') {
+      const std::size_t end = expression.find(static_cast<char>(c), i + 1);
+      if (c == '"') names.insert(expression.substr(i + 1, end == std::string::npos ? end : end - i - 1));
+      i = end == std::string::npos ? expression.size() : end + 1;
+    } else if (std::isalpha(c) || c == '_') {
+      std::string word;
+      while (i < expression.size() && (std::isalnum(static_cast<unsigned char>(expression[i])) ||
+                                       std::string("_$#").find(expression[i]) != std::string::npos)) {
+        word += static_cast<char>(std::toupper(static_cast<unsigned char>(expression[i++])));
+      }
+      names.insert(word);
+    } else {
+      ++i;
+    }
+  }
+  return names;
+}
+
 bool isNational(const std::string& type) {
   return type == "NCHAR" || type == "NVARCHAR2";
 }
@@ -195,6 +220,7 @@ class Differ {
   void loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp);
   void loadConstraints(CSQLInfoConstraints& constraints, CSQLInfoConstraints& followUp, Texts& redefined);
   void scriptIndexes(Texts& dropped, Texts& altered, Texts& created);
+  void loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now);
   void scriptPartitions(CSQLInfoTable& table, Texts& out);
   void scriptPartitionLobs(CSQLInfoTable& table, Texts& out);
   void scriptComments(Texts& out);
@@ -207,6 +233,8 @@ class Differ {
   // New column index -> old column index (absent: added).
   std::map<std::size_t, std::size_t> m_columnOf;
   std::set<std::string> m_droppedColumns;
+  // Old names of the kept columns whose type, length, precision or scale changes.
+  std::set<std::string> m_retyped;
   // Old column name -> new column name, for the columns the new table keeps.
   std::map<std::string, std::string> m_newName;
   std::vector<std::string> m_lost;
@@ -334,6 +362,15 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if (now.type != old.type && (typeFamily(now.type) < 0 || typeFamily(now.type) != typeFamily(old.type))) {
       refuse("column " + now.name + " changes its type from " + old.type + " to " + now.type);
     }
+    auto moves = [](const std::string& after, const std::string& before) {
+      return !after.empty() && after != before;
+    };
+    if (moves(now.lob.tablespace, old.lob.tablespace) || moves(now.lob.chunk, old.lob.chunk) ||
+        moves(now.lob.in_row, old.lob.in_row)) {
+      requireRelease(2, "moving the LOB storage of column " + old.name + " (MOVE LOB)");
+    }
+    if (now.type != old.type || now.length != old.length || now.scale != old.scale || now.unit != old.unit)
+      m_retyped.insert(old.name);
     const std::string narrows = narrowing(old, now);
     if (!narrows.empty()) {
       dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + typeText(old) +
@@ -599,8 +636,30 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
       }
       return k;
     };
+    // The partitions of a global index, by their old names, with their bounds: a changed bound, or
+    // a partition more or less, makes the index anew (renames and tablespaces change in place).
+    auto bounds = [](const Index& i) {
+      std::vector<std::pair<std::string, std::vector<std::string>>> b;
+      for (const Partition& p : i.global_partitions)
+        b.emplace_back(p.renamed_from.empty() ? p.name : p.renamed_from, p.values_less_than);
+      return b;
+    };
     return x.unique == y.unique && x.bitmap == y.bitmap && keys(x) == keys(y) && x.local == y.local &&
-           x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns;
+           x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns &&
+           bounds(x) == bounds(y) && x.global_count == y.global_count;
+  };
+  // Oracle refuses to change the type or length of a column that a function-based index uses
+  // (ORA-30556); a descending key is one such index too. The index goes before the change and comes
+  // back after it.
+  auto retypedUnder = [this](const Index& x) -> std::string {
+    for (const IndexKey& key : x.keys) {
+      std::set<std::string> used = namesIn(key.expression);
+      if (key.order == "DESC" && !key.column.empty()) used.insert(key.column);
+      for (const std::string& column : m_retyped) {
+        if (used.count(column) != 0) return column;
+      }
+    }
+    return "";
   };
   auto qualified = [&](const Index& x) {
     const std::string schema = x.schema.empty() ? m_before.schema : x.schema;
@@ -627,7 +686,13 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
       toCreate.push_back(now);
       continue;
     }
-    if (!sameDefinition(*old, now)) {
+    const std::string column = retypedUnder(*old);
+    if (!column.empty()) {
+      warn("index " + old->name + " is dropped before column " + column +
+           " changes and created again after: Oracle does not change the type or length of a column "
+           "that a function-based index uses (ORA-30556)");
+    }
+    if (!sameDefinition(*old, now) || !column.empty()) {
       dropped.push_back("DROP INDEX " + qualified(*old));
       toCreate.push_back(now);
       continue;
@@ -643,9 +708,23 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
     loadKept(record, "TABLESPACE", now.tablespace, old->tablespace);
     loadKept(record, "LOGGING", now.logging, old->logging);
     loadSegment(record, now.segment, old->segment);
+    if (now.reverse != old->reverse) {
+      requireRelease(2, "rebuilding index " + old->name + " REVERSE or NOREVERSE");
+      load(record, "REVERSE", now.reverse ? "REVERSE" : "NOREVERSE", old->reverse ? "REVERSE" : "NOREVERSE");
+    }
+    if (!now.compress.empty() && now.compress != old->compress) {
+      requireRelease(2, "key compression of index " + old->name);
+      auto keyword = [](const std::string& c) { return c == "NOCOMPRESS" || c.empty() ? c : "COMPRESS"; };
+      auto prefix = [](const std::string& c) { return c == "NOCOMPRESS" || c == "COMPRESS" ? "" : c; };
+      load(record, "COMPRESS", keyword(now.compress), keyword(old->compress));
+      load(record, "COMPRESS;VALUE", prefix(now.compress), prefix(old->compress));
+    }
+    loadIndexPartitions(record, *old, now);
     const std::string parallel = now.parallel.empty() ? old->parallel : now.parallel;
     if (parallel != old->parallel) {
       const bool degree = parallel != "PARALLEL" && parallel != "NOPARALLEL";
+      // The ALTER INDEX tree writes PARALLEL n only, the form of release code 3 on.
+      if (degree) requireRelease(3, "a degree of parallelism for index " + old->name);
       load(record, "PARALLEL", degree ? "PARALLEL" : parallel, "");
       load(record, "PARALLEL;VALUE", degree ? parallel : "", "");
     }
@@ -663,6 +742,62 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
   if (!toCreate.empty()) {
     Texts made = CreateIndexStatements(m_after, toCreate, m_options);
     created.insert(created.end(), made.begin(), made.end());
+  }
+}
+
+// The partitions of a kept index: renames and new tablespaces (REBUILD PARTITION). The partitions
+// of a local index follow the table's: one the table gains or loses is not the index's to script.
+void Differ::loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now) {
+  if (old.local) load(record, "LOCAL", "LOCAL", "LOCAL");
+  const std::vector<Partition>& before = old.local ? old.local_partitions : old.global_partitions;
+  const std::vector<Partition>& listed = now.local ? now.local_partitions : now.global_partitions;
+  // A list the new document leaves out is left as it is.
+  const std::vector<Partition>& after = listed.empty() ? before : listed;
+  const std::string where = "index " + now.name + " partition";
+  if (old.local && before.empty() && !now.tablespace.empty() && now.tablespace != old.tablespace) {
+    // Its partitions were made in the index's tablespace, under the names of the table's.
+    for (const Partition& p : m_before.partitioning.partitions) {
+      record.AddPartition(p.name.c_str(), true);
+      load(*record.GetPartition(p.name.c_str()), "NAME", id(p.name, where), id(p.name, where));
+      load(*record.GetPartition(p.name.c_str()), "TABLESPACE", now.tablespace, old.tablespace);
+    }
+    if (m_before.partitioning.partitions.empty()) {
+      warn("index " + now.name +
+           ": its partitions have no names to rebuild them by; only new partitions "
+           "go to tablespace " +
+           now.tablespace);
+      record.AddPartition("", true);  // a partitioned index: the tablespace is its partitions' default
+    }
+    return;
+  }
+  std::set<std::string> matched;
+  for (const Partition& p : after) {
+    const std::string oldName = p.renamed_from.empty() ? p.name : p.renamed_from;
+    const auto found =
+        std::find_if(before.begin(), before.end(), [&](const Partition& b) { return b.name == oldName; });
+    if (found == before.end()) {
+      if (!p.renamed_from.empty()) {
+        throw ToolError(
+            kExitBadInput,
+            where + " " + p.name + ": renamed_from names no partition of the old index: " + p.renamed_from);
+      }
+      warn(where + " " + p.name +
+           " is made by Oracle with the table's partition; its name and tablespace "
+           "are Oracle's choice");
+      continue;
+    }
+    matched.insert(found->name);
+    record.AddPartition(found->name.c_str(), true);
+    CSQLInfoIndex::CPartition& r = *record.GetPartition(found->name.c_str());
+    load(r, "NAME", id(p.name, where), id(found->name, where));
+    loadKept(r,
+             "TABLESPACE",
+             p.tablespace.empty() ? now.tablespace : p.tablespace,
+             found->tablespace.empty() ? old.tablespace : found->tablespace);
+  }
+  for (const Partition& p : before) {
+    if (matched.count(p.name) == 0 && old.local)
+      warn(where + " " + p.name + " goes with the table's partition; the index's list leaves it out");
   }
 }
 
