@@ -7,8 +7,10 @@
 //   5. the table's own properties (physical attributes, storage, logging, caching, parallel, row
 //      movement, a new tablespace) and the LOB storage of kept columns;
 //   6. added and modified columns;
-//   7. partition maintenance: drops, renames, moves, attribute changes, adds; then the LOB storage
-//      of kept partitions;
+//   7. partition maintenance: drops, renames, moves, attribute changes, then the new partitions in
+//      bound order (added, or split off the partition that holds their range); the old highest
+//      partition waits until the new ones are in when none is kept; then the LOB storage of kept
+//      partitions;
 //   8. added constraints, then constraint state changes;
 //   9. index changes (ALTER INDEX), then new indexes;
 //  10. comments;
@@ -141,6 +143,75 @@ std::set<std::string> namesIn(const std::string& expression) {
   return names;
 }
 
+// The partition that takes everything above the others (MAXVALUE) or every other value (DEFAULT):
+// nothing can be added after it.
+bool isTop(const Partition& p) {
+  auto is = [](const std::vector<std::string>& values, const char* word) {
+    if (values.empty()) return false;
+    std::string first = values.front();
+    for (char& c : first)
+      c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return first == word;
+  };
+  return is(p.values_less_than, "MAXVALUE") || is(p.values, "DEFAULT");
+}
+
+// Compares two range bounds of the literal kinds that order as their texts do (numbers, DATE and
+// TIMESTAMP literals, TO_DATE of a year-first format, strings, MAXVALUE): below 0, 0 or above 0, or
+// kUnknownOrder when the texts do not tell.
+constexpr int kUnknownOrder = 2;
+
+int compareBounds(const Partition& x, const Partition& y) {
+  // One bound value: its kind and the text that orders it.
+  auto key = [](std::string v) -> std::pair<int, std::string> {
+    Trim(v);
+    std::string upper = v;
+    for (char& c : upper)
+      c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    if (upper == "MAXVALUE") return {0, ""};
+    auto literal = [&](std::size_t from) {
+      const std::size_t open = v.find('\'', from);
+      const std::size_t close = open == std::string::npos ? open : v.find('\'', open + 1);
+      std::string text = close == std::string::npos ? "" : v.substr(open + 1, close - open - 1);
+      Trim(text);
+      return text;
+    };
+    if (upper.rfind("DATE", 0) == 0 || upper.rfind("TIMESTAMP", 0) == 0) return {2, literal(0)};
+    if (upper.rfind("TO_DATE", 0) == 0) {
+      const std::size_t format = v.find('\'', v.find('\'', v.find('\'') + 1) + 1);
+      std::string f = format == std::string::npos ? "" : upper.substr(format + 1);
+      if (f.rfind("S", 0) == 0) f = f.substr(1);
+      return f.rfind("YYYY-MM-DD", 0) == 0 ? std::make_pair(2, literal(0))
+                                           : std::make_pair(-1, std::string());
+    }
+    if (!v.empty() && v.front() == '\'') return {3, literal(0)};
+    try {
+      std::size_t used = 0;
+      const double number = std::stod(v, &used);
+      if (used == v.size()) return {1, std::to_string(number)};
+    } catch (...) {
+    }
+    return {-1, ""};
+  };
+  const auto& a = x.values_less_than;
+  const auto& b = y.values_less_than;
+  for (std::size_t i = 0; i < a.size() && i < b.size(); ++i) {
+    const auto ka = key(a[i]), kb = key(b[i]);
+    if (ka.first == 0 || kb.first == 0) {
+      if (ka.first != kb.first) return ka.first == 0 ? 1 : -1;
+      continue;
+    }
+    if (ka.first < 0 || ka.first != kb.first) return kUnknownOrder;
+    if (ka.first == 1) {
+      const double da = std::stod(a[i]), db = std::stod(b[i]);
+      if (da != db) return da < db ? -1 : 1;
+    } else if (ka.second != kb.second) {
+      return ka.second < kb.second ? -1 : 1;
+    }
+  }
+  return 0;
+}
+
 bool isNational(const std::string& type) {
   return type == "NCHAR" || type == "NVARCHAR2";
 }
@@ -223,6 +294,8 @@ class Differ {
   void loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now);
   void scriptPartitions(CSQLInfoTable& table, Texts& out);
   void scriptPartitionLobs(CSQLInfoTable& table, Texts& out);
+  void addPartition(CSQLInfoTable& table, const Partition& now, const std::string& where, Texts& out);
+  void splitPartition(const std::string& from, const Partition& now, const std::string& where, Texts& out);
   void scriptComments(Texts& out);
 
   const Table& m_before;
@@ -822,6 +895,8 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
   load(partitions, "TYPE", b.type, a.type);
   load(partitions, "SUBTYPE", b.subtype, a.subtype);
   std::set<std::size_t> matched;
+  // New partition index -> old partition index, for the kept ones; the others are added.
+  std::map<std::size_t, std::size_t> keptOf;
   for (std::size_t n = 0; n < b.partitions.size(); ++n) {
     const Partition& now = b.partitions[n];
     const std::string where = "partitioning.partitions[" + std::to_string(n) + "]";
@@ -834,44 +909,35 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
       throw ToolError(kExitBadInput,
                       where + ": renamed_from names no partition of the old table: " + now.renamed_from);
     }
-    if (o < a.partitions.size()) {
-      matched.insert(o);
-      const Partition& old = a.partitions[o];
-      if (old.values_less_than != now.values_less_than || old.values != now.values) {
-        refuse("partition " + now.name + " changes its bounds (split or merge the partitions instead)");
-      }
-      partitions.AddPartition(old.name.c_str(), true);
-      CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(old.name.c_str());
-      load(p, "NAME", id(now.name, where), id(old.name, where));
-      loadKept(p, "TABLESPACE", now.tablespace, old.tablespace);
-      loadKept(p, "LOGGING", now.logging, old.logging);
-      loadKept(p, "COMPRESS", now.compress, old.compress);
-      loadSegment(p, now.segment, old.segment);
-      continue;
+    if (o == a.partitions.size()) continue;
+    matched.insert(o);
+    keptOf[n] = o;
+    const Partition& old = a.partitions[o];
+    if (old.values_less_than != now.values_less_than || old.values != now.values) {
+      refuse("partition " + now.name + " changes its bounds (split or merge the partitions instead)");
     }
-    const std::string key = "+" + now.name;
-    partitions.AddPartition(key.c_str(), false);
-    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(key.c_str());
-    load(p, "NAME", id(now.name, where), "");
-    load(p, "TABLESPACE", now.tablespace, "");
-    for (const std::string& v : b.type == "LIST" ? now.values : now.values_less_than)
-      p.VALUES().AddValue(v.c_str(), v.c_str(), "");
-    for (const Partition& s : now.subpartitions) {
-      p.AddSubPartition(s.name.c_str(), false);
-      load(*p.GetSubPartition(s.name.c_str()), "NAME", id(s.name, where + " subpartition"), "");
-      load(*p.GetSubPartition(s.name.c_str()), "TABLESPACE", s.tablespace, "");
-      for (const std::string& v : s.values)
-        p.GetSubPartition(s.name.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
+    partitions.AddPartition(old.name.c_str(), true);
+    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(old.name.c_str());
+    load(p, "NAME", id(now.name, where), id(old.name, where));
+    loadKept(p, "TABLESPACE", now.tablespace, old.tablespace);
+    loadKept(p, "LOGGING", now.logging, old.logging);
+    loadKept(p, "COMPRESS", now.compress, old.compress);
+    loadSegment(p, now.segment, old.segment);
+  }
+  // A table keeps at least one partition (ORA-14083): when none is kept, the old table's highest
+  // partition is dropped last, once the new ones are there.
+  const bool ordered = b.type != "HASH";
+  std::size_t held = a.partitions.size();
+  if (ordered && keptOf.empty() && !b.partitions.empty()) {
+    for (std::size_t o = a.partitions.size(); o-- > 0;) {
+      if (matched.count(o) == 0) {
+        held = o;
+        break;
+      }
     }
   }
   for (std::size_t o = 0; o < a.partitions.size(); ++o) {
     if (matched.count(o) != 0) continue;
-    partitions.AddPartition(a.partitions[o].name.c_str(), true);
-    load(*partitions.GetPartition(a.partitions[o].name.c_str()),
-         "NAME",
-         id(a.partitions[o].name, "partition"),
-         id(a.partitions[o].name, "partition"));
-    partitions.DropPartition(a.partitions[o].name.c_str(), false);
     const std::string what = std::string(b.type == "HASH" ? "COALESCE" : "DROP") + " PARTITION " +
                              a.partitions[o].name + " of " + tableName(m_before);
     if (b.type == "HASH") {
@@ -879,12 +945,158 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     } else {
       dataLoss(what + " loses the partition's data");
     }
+    if (o == held) continue;
+    partitions.AddPartition(a.partitions[o].name.c_str(), true);
+    load(*partitions.GetPartition(a.partitions[o].name.c_str()),
+         "NAME",
+         id(a.partitions[o].name, "partition"),
+         id(a.partitions[o].name, "partition"));
+    partitions.DropPartition(a.partitions[o].name.c_str(), false);
+  }
+
+  // How each new partition comes: added above the highest bound, or split off the partition whose
+  // range holds it (a kept one above it, the MAXVALUE or DEFAULT partition, or the held-back one).
+  struct Step {
+    std::size_t partition;  // in the new table
+    std::string from;       // the partition split, or "" to add
+  };
+  std::vector<Step> steps;
+  bool splitsHeld = false, dropHeldFirst = false;
+  const Partition* heldPartition = held < a.partitions.size() ? &a.partitions[held] : nullptr;
+  for (std::size_t n = 0; n < b.partitions.size(); ++n) {
+    if (keptOf.count(n) != 0) continue;
+    const Partition& now = b.partitions[n];
+    std::string from;
+    if (b.type == "RANGE") {
+      // The first kept partition above it in the new table holds its range.
+      for (std::size_t k = n + 1; k < b.partitions.size() && from.empty(); ++k) {
+        if (keptOf.count(k) != 0) from = b.partitions[k].name;
+      }
+    } else if (b.type == "LIST") {
+      for (const auto& [k, o] : keptOf) {
+        if (isTop(b.partitions[k])) from = b.partitions[k].name;
+      }
+    }
+    if (from.empty() && heldPartition != nullptr && !isTop(now)) {
+      const int order = b.type == "RANGE" ? compareBounds(now, *heldPartition) : kUnknownOrder;
+      if (isTop(*heldPartition) || order < 0) {
+        from = heldPartition->name;
+        splitsHeld = true;
+      }
+    }
+    steps.push_back({n, from});
+  }
+  // A new MAXVALUE or DEFAULT partition comes last; when the held-back partition is one too, it
+  // takes its place, after the others are in.
+  std::stable_partition(
+      steps.begin(), steps.end(), [&](const Step& x) { return !isTop(b.partitions[x.partition]); });
+  if (heldPartition != nullptr && isTop(*heldPartition) && !steps.empty() &&
+      isTop(b.partitions[steps.back().partition])) {
+    if (steps.size() == 1) refuse("partition " + heldPartition->name + " would be the last one dropped");
+    dropHeldFirst = true;
+  }
+  if (splitsHeld) {
+    // Split off an emptied partition, so that the rows it held are gone as the script says.
+    partitions.AddPartition(heldPartition->name.c_str(), true);
+    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(heldPartition->name.c_str());
+    load(p, "NAME", id(heldPartition->name, "partition"), id(heldPartition->name, "partition"));
+    load(p, "TRUNCATE", "TRUNCATE", "");
+  }
+
+  CSQLAlterTable statement;
+  if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
+    throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
+  }
+  const std::string dropHeld =
+      heldPartition == nullptr ? "" : head + " DROP PARTITION " + id(heldPartition->name, "partition");
+  for (const Step& step : steps) {
+    const Partition& now = b.partitions[step.partition];
+    if (dropHeldFirst && isTop(now)) out.push_back(dropHeld);
+    const std::string where = "partitioning.partitions[" + std::to_string(step.partition) + "]";
+    if (step.from.empty()) {
+      addPartition(table, now, where, out);
+      continue;
+    }
+    splitPartition(step.from, now, where, out);
+    if (heldPartition == nullptr || step.from != heldPartition->name) {
+      warn("SPLIT PARTITION " + step.from + " of " + tableName(m_before) + " moves its rows " +
+           (b.type == "LIST" ? "with the listed values" : "below the new bound") + " into " + now.name +
+           "; no data is lost");
+    }
+  }
+  if (heldPartition != nullptr && !dropHeldFirst) out.push_back(dropHeld);
+  scriptPartitionLobs(table, out);
+}
+
+// ADD PARTITION, through the partition information.
+void Differ::addPartition(CSQLInfoTable& table, const Partition& now, const std::string& where, Texts& out) {
+  const Partitioning& a = m_before.partitioning;
+  const Partitioning& b = m_after.partitioning;
+  CSQLInfoPartitions partitions;
+  load(partitions, "TYPE", b.type, a.type);
+  load(partitions, "SUBTYPE", b.subtype, a.subtype);
+  const std::string key = "+" + now.name;
+  partitions.AddPartition(key.c_str(), false);
+  CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(key.c_str());
+  load(p, "NAME", id(now.name, where), "");
+  load(p, "TABLESPACE", now.tablespace, "");
+  for (const std::string& v : b.type == "LIST" ? now.values : now.values_less_than)
+    p.VALUES().AddValue(v.c_str(), v.c_str(), "");
+  for (const Partition& s : now.subpartitions) {
+    p.AddSubPartition(s.name.c_str(), false);
+    load(*p.GetSubPartition(s.name.c_str()), "NAME", id(s.name, where + " subpartition"), "");
+    load(*p.GetSubPartition(s.name.c_str()), "TABLESPACE", s.tablespace, "");
+    for (const std::string& v : s.values)
+      p.GetSubPartition(s.name.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
   }
   CSQLAlterTable statement;
   if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
     throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
   }
-  scriptPartitionLobs(table, out);
+}
+
+// SPLIT PARTITION from AT (bound) | VALUES (values) INTO (PARTITION now ..., PARTITION from): the
+// new partition takes the lower part of the range, or the listed values.
+void Differ::splitPartition(const std::string& from,
+                            const Partition& now,
+                            const std::string& where,
+                            Texts& out) {
+  const Partitioning& b = m_after.partitioning;
+  CSQLAlterTable statement;
+  create::TreeFiller f(statement, "ALTER TABLE");
+  const std::string split = "C_ALTER_TAB_PART;C_SPLIT_TABLE_PART;PARTITION";
+  const std::string spec = split + ";SPEC1;C_TAB_PART_DESC;";
+  const std::string physical = spec + "C_SEG_ATTRIBUTE;C_PHYSICAL_ATTRIBUTES;";
+  if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
+  f.Set("TABLE", id(m_before.name, "name"), "name");
+  f.Set(split, id(from, "partition"), where);
+  f.Set(split + (b.type == "LIST" ? ";VALUES" : ";AT"), b.type == "LIST" ? "VALUES" : "AT", where);
+  f.AddTexts(split + ";LIST", b.type == "LIST" ? now.values : now.values_less_than, where);
+  f.Set(split + ";SPEC1;PARTITION", id(now.name, where), where);
+  f.Set(spec + "C_SEG_ATTRIBUTE;TABLESPACE", now.tablespace, where + ".tablespace");
+  const std::pair<const char*, std::string Segment::*> fields[] = {
+      {"PCTFREE", &Segment::pctfree},
+      {"PCTUSED", &Segment::pctused},
+      {"INITRANS", &Segment::initrans},
+      {"MAXTRANS", &Segment::maxtrans},
+      {"C_STORAGE;INITIAL", &Segment::initial},
+      {"C_STORAGE;NEXT", &Segment::next},
+      {"C_STORAGE;MINEXTENTS", &Segment::minextents},
+      {"C_STORAGE;MAXEXTENTS", &Segment::maxextents},
+      {"C_STORAGE;PCTINCREASE", &Segment::pctincrease},
+      {"C_STORAGE;FREELISTS", &Segment::freelists},
+      {"C_STORAGE;FREELIST", &Segment::freelist_groups},
+      {"C_STORAGE;BUFFER_POOL", &Segment::buffer_pool}};
+  for (const auto& [path, member] : fields)
+    f.Set(physical + path, now.segment.*member, where);
+  f.Set(spec + "C_SEG_ATTRIBUTE;LOGGING", now.logging, where + ".logging");
+  f.Set(spec + "COMPRESS", now.compress, where + ".compress");
+  f.Set(split + ";SPEC2;PARTITION", id(from, "partition"), where);
+  out.push_back(f.Write());
+  if (!now.subpartitions.empty()) {
+    warn("partition " + now.name + " is split off " + from +
+         " and takes the subpartitions of the table's template; its own list is left out");
+  }
 }
 
 // The LOB storage of kept partitions, after the partitions have their new names.
