@@ -283,6 +283,18 @@ class Differ {
     m_lost.push_back(what);
   }
 
+  // Warns of the storage parameters that only a new segment takes.
+  void segmentFixed(const Segment& now, const Segment& before, const std::string& what) {
+    const std::pair<const char*, std::string Segment::*> fixed[] = {
+        {"INITIAL", &Segment::initial},
+        {"MINEXTENTS", &Segment::minextents},
+        {"FREELIST GROUPS", &Segment::freelist_groups}};
+    for (const auto& [name, member] : fixed) {
+      if (!(now.*member).empty() && now.*member != before.*member)
+        warn(std::string(name) + " of " + what +
+             " is set when its segment is created; the change is left out");
+    }
+  }
   void checkRecreate();
   Script alter();
   Script recreate();
@@ -294,6 +306,10 @@ class Differ {
   void loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now);
   void scriptPartitions(CSQLInfoTable& table, Texts& out);
   void scriptPartitionLobs(CSQLInfoTable& table, Texts& out);
+  void loadSubpartitions(CSQLInfoPartitions::CPartition& record,
+                         const Partition& old,
+                         const Partition& now,
+                         const std::string& where);
   void addPartition(CSQLInfoTable& table, const Partition& now, const std::string& where, Texts& out);
   void splitPartition(const std::string& from, const Partition& now, const std::string& where, Texts& out);
   void scriptComments(Texts& out);
@@ -536,8 +552,7 @@ void Differ::loadTable(CSQLInfoTable& table) {
   const Segment& a = m_before.segment;
   const Segment& b = m_after.segment;
   loadSegment(table, b, a);
-  if (b.initial != a.initial && !b.initial.empty())
-    warn("INITIAL of a table is set when it is created; the change is left out");
+  segmentFixed(b, a, "the table");
   loadKept(table, "LOGGING", m_after.logging, m_before.logging);
   loadKept(table, "COMPRESS", m_after.compress, m_before.compress);
   loadKept(table, "CACHE", m_after.cache, m_before.cache);
@@ -781,6 +796,7 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
     loadKept(record, "TABLESPACE", now.tablespace, old->tablespace);
     loadKept(record, "LOGGING", now.logging, old->logging);
     loadSegment(record, now.segment, old->segment);
+    segmentFixed(now.segment, old->segment, "index " + now.name);
     if (now.reverse != old->reverse) {
       requireRelease(2, "rebuilding index " + old->name + " REVERSE or NOREVERSE");
       load(record, "REVERSE", now.reverse ? "REVERSE" : "NOREVERSE", old->reverse ? "REVERSE" : "NOREVERSE");
@@ -891,6 +907,17 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     }
     return;
   }
+  if (a.subcount != b.subcount || a.subtemplate.size() != b.subtemplate.size() ||
+      !std::equal(a.subtemplate.begin(),
+                  a.subtemplate.end(),
+                  b.subtemplate.begin(),
+                  [](const Partition& x, const Partition& y) {
+                    return x.name == y.name && x.values == y.values && x.tablespace == y.tablespace;
+                  })) {
+    warn(
+        "the subpartition template of " + tableName(m_before) +
+        " changes; it is not scripted: a partition added without subpartitions of its own takes the old one");
+  }
   CSQLInfoPartitions partitions;
   load(partitions, "TYPE", b.type, a.type);
   load(partitions, "SUBTYPE", b.subtype, a.subtype);
@@ -923,6 +950,8 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     loadKept(p, "LOGGING", now.logging, old.logging);
     loadKept(p, "COMPRESS", now.compress, old.compress);
     loadSegment(p, now.segment, old.segment);
+    segmentFixed(now.segment, old.segment, "partition " + now.name);
+    loadSubpartitions(p, old, now, where);
   }
   // A table keeps at least one partition (ORA-14083): when none is kept, the old table's highest
   // partition is dropped last, once the new ones are there.
@@ -1026,6 +1055,61 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
   }
   if (heldPartition != nullptr && !dropHeldFirst) out.push_back(dropHeld);
   scriptPartitionLobs(table, out);
+}
+
+// The subpartitions of a kept partition: renamed, moved, added or dropped. A list the new document
+// leaves out is left as it is.
+void Differ::loadSubpartitions(CSQLInfoPartitions::CPartition& record,
+                               const Partition& old,
+                               const Partition& now,
+                               const std::string& where) {
+  if (now.subpartitions.empty()) return;
+  const std::string at = where + " subpartition";
+  std::set<std::string> matched;
+  for (const Partition& s : now.subpartitions) {
+    const std::string oldName = s.renamed_from.empty() ? s.name : s.renamed_from;
+    const auto found = std::find_if(old.subpartitions.begin(),
+                                    old.subpartitions.end(),
+                                    [&](const Partition& o) { return o.name == oldName; });
+    if (found == old.subpartitions.end()) {
+      if (!s.renamed_from.empty()) {
+        throw ToolError(kExitBadInput,
+                        at + " " + s.name + ": renamed_from names no subpartition of partition " + old.name +
+                            ": " + s.renamed_from);
+      }
+      const auto fallback = std::find_if(old.subpartitions.begin(), old.subpartitions.end(), isTop);
+      if (!s.values.empty() && fallback != old.subpartitions.end()) {
+        refuse("subpartition " + s.name + " is added to partition " + old.name +
+               ", whose DEFAULT subpartition " + fallback->name +
+               " holds its values (split that subpartition instead)");
+      }
+      const std::string key = "+" + s.name;
+      record.AddSubPartition(key.c_str(), false);
+      load(*record.GetSubPartition(key.c_str()), "NAME", id(s.name, at), "");
+      load(*record.GetSubPartition(key.c_str()), "TABLESPACE", s.tablespace, "");
+      for (const std::string& v : s.values)
+        record.GetSubPartition(key.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
+      continue;
+    }
+    if (found->values != s.values) refuse("subpartition " + s.name + " changes its values");
+    matched.insert(found->name);
+    record.AddSubPartition(found->name.c_str(), true);
+    load(*record.GetSubPartition(found->name.c_str()), "NAME", id(s.name, at), id(found->name, at));
+    loadKept(*record.GetSubPartition(found->name.c_str()), "TABLESPACE", s.tablespace, found->tablespace);
+  }
+  for (const Partition& s : old.subpartitions) {
+    if (matched.count(s.name) != 0) continue;
+    record.AddSubPartition(s.name.c_str(), true);
+    load(*record.GetSubPartition(s.name.c_str()), "NAME", id(s.name, at), id(s.name, at));
+    record.DropSubPartition(s.name.c_str(), false);
+    if (s.values.empty()) {
+      warn("COALESCE SUBPARTITION of partition " + old.name + " of " + tableName(m_before) +
+           " redistributes the rows of its last subpartition; no data is lost");
+    } else {
+      dataLoss("DROP SUBPARTITION " + s.name + " of " + tableName(m_before) +
+               " loses the subpartition's data");
+    }
+  }
 }
 
 // ADD PARTITION, through the partition information.
