@@ -187,8 +187,8 @@ int compareBounds(const Partition& x, const Partition& y) {
     if (!v.empty() && v.front() == '\'') return {3, literal(0)};
     try {
       std::size_t used = 0;
-      const double number = std::stod(v, &used);
-      if (used == v.size()) return {1, std::to_string(number)};
+      std::stod(v, &used);
+      if (used == v.size()) return {1, ""};  // compared as numbers below
     } catch (...) {
     }
     return {-1, ""};
