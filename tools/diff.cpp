@@ -276,6 +276,21 @@ class Differ {
                         "; the table is for " + create::ReleaseLabel(m_release) +
                         " (--allow-recreate drops and creates the table)");
   }
+  // Refuses a column type that comes with a later release: the new document is wrong, as create
+  // would say.
+  void requireType(const Column& column, const std::string& where) {
+    auto offers = [&](int release) {
+      const std::vector<std::string> types = CSQLUtil::GetDataTypes(release);
+      return std::find(types.begin(), types.end(), column.type) != types.end();
+    };
+    if (offers(m_release)) return;
+    for (int later = m_release + 1; later <= kLatestRelease; ++later) {
+      if (offers(later)) {
+        create::RequireRelease(
+            m_release, later, where + ".type", "the data type " + column.type + " of column " + column.name);
+      }
+    }
+  }
   void warn(const std::string& what) { m_script.warnings.push_back(what); }
   // A statement that loses data: a warning, or a refusal with --fail-on-data-loss.
   void dataLoss(const std::string& what) {
@@ -458,8 +473,10 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
         moves(now.lob.in_row, old.lob.in_row)) {
       requireRelease(2, "moving the LOB storage of column " + old.name + " (MOVE LOB)");
     }
-    if (now.type != old.type || now.length != old.length || now.scale != old.scale || now.unit != old.unit)
+    if (now.type != old.type || now.length != old.length || now.scale != old.scale || now.unit != old.unit) {
+      requireType(now, "columns[" + std::to_string(kept->first) + "]");
       m_retyped.insert(old.name);
+    }
     const std::string narrows = narrowing(old, now);
     if (!narrows.empty()) {
       dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + typeText(old) +
@@ -504,6 +521,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
   for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
     if (m_columnOf.count(n) != 0) continue;
     const Column& now = m_after.columns[n];
+    requireType(now, "columns[" + std::to_string(n) + "]");
     const std::string itemName = "+" + now.name;  // never the name of an old column's item
     columns.AddColumn(itemName.c_str(), false);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(itemName.c_str());
