@@ -810,6 +810,7 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
          "SCHEMA",
          schema.empty() ? "" : id(schema, "schema"),
          schema.empty() ? "" : id(schema, "schema"));
+    if (now.name != old->name) requireRelease(1, "renaming index " + old->name + " (RENAME TO)");
     load(record, "INDEX", id(now.name, "index " + now.name), id(old->name, "index " + old->name));
     loadKept(record, "TABLESPACE", now.tablespace, old->tablespace);
     loadKept(record, "LOGGING", now.logging, old->logging);
