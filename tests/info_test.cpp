@@ -248,6 +248,15 @@ TEST(ColumnScript, ModificationsOfKeptColumns) {
   } while (statement.hasUnused() && passes.size() < 5);
   EXPECT_EQ(passes, (Texts{"ALTER TABLE S.T MODIFY ( N NOT NULL)", "ALTER TABLE S.T MODIFY LOB (DOC) (CACHE)",
                            "ALTER TABLE S.T MOVE LOB (DOC) STORE AS (TABLESPACE LOBS2)"}));
+
+  // A new chunk size and in-row storage need a new segment too: MODIFY LOB cannot change them.
+  CSQLInfoColumns moved;
+  moved.AddColumn("DOC", true);
+  load(*moved.GetColumn("DOC"),
+       {{"DATATYPE", "", "CLOB"}, {"LOB;CHUNK", "16384", "8192"}, {"LOB;ENABLE", "DISABLE", "ENABLE"}});
+  CSQLAlterTable move;
+  ASSERT_EQ(CSQLUtil::GenAltColumn(&move, &out, &table, &moved), 0);
+  EXPECT_EQ(written(move), "ALTER TABLE S.T MOVE LOB (DOC) STORE AS (DISABLE STORAGE IN ROW CHUNK 16384)");
 }
 
 TEST(ConstraintScript, OneRun) {

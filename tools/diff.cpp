@@ -7,14 +7,17 @@
 //   5. the table's own properties (physical attributes, storage, logging, caching, parallel, row
 //      movement, a new tablespace) and the LOB storage of kept columns;
 //   6. added and modified columns;
-//   7. partition maintenance: drops, renames, moves, attribute changes, adds; then the LOB storage
-//      of kept partitions;
+//   7. partition maintenance: drops, renames, moves, attribute changes, then the new partitions in
+//      bound order (added, or split off the partition that holds their range); the old highest
+//      partition waits until the new ones are in when none is kept; then the LOB storage of kept
+//      partitions;
 //   8. added constraints, then constraint state changes;
 //   9. index changes (ALTER INDEX), then new indexes, then added keys built on an index (USING INDEX
 //      i), now that their index exists under its new name;
 //  10. comments;
 //  11. the table's rename, last, so that every statement before it names the table as it is.
 #include <algorithm>
+#include <cctype>
 #include <functional>
 #include <map>
 #include <memory>
@@ -23,6 +26,7 @@
 #include <qarvelt/qarvelt.h>
 
 #include "commands.h"
+#include "create_support.h"
 #include "identifiers.h"
 
 namespace qarvelt::tool {
@@ -81,13 +85,14 @@ void loadSegment(CSQLInfoBase& record, const Segment& now, const Segment& before
     loadKept(record, type, now.*member, before.*member);
 }
 
-// The data type families within which Oracle converts a column in place.
+// The data type families within which Oracle converts a column in place. The character types are
+// one family: CHAR, VARCHAR2 and their national forms convert into each other, values and all.
 int typeFamily(const std::string& type) {
   static const std::map<std::string, int> families = {{"CHAR", 1},
                                                       {"VARCHAR2", 1},
                                                       {"VARCHAR", 1},
-                                                      {"NCHAR", 2},
-                                                      {"NVARCHAR2", 2},
+                                                      {"NCHAR", 1},
+                                                      {"NVARCHAR2", 1},
                                                       {"NUMBER", 3},
                                                       {"FLOAT", 3},
                                                       {"INTEGER", 3},
@@ -115,6 +120,134 @@ long numberOr(const std::string& text, long fallback) {
   }
 }
 
+// The names an expression uses: unquoted words in upper case, quoted ones as written; string
+// literals are skipped.
+std::set<std::string> namesIn(const std::string& expression) {
+  std::set<std::string> names;
+  for (std::size_t i = 0; i < expression.size();) {
+    const unsigned char c = static_cast<unsigned char>(expression[i]);
+    if (c == '\'' || c == '"') {
+      const std::size_t end = expression.find(static_cast<char>(c), i + 1);
+      if (c == '"') names.insert(expression.substr(i + 1, end == std::string::npos ? end : end - i - 1));
+      i = end == std::string::npos ? expression.size() : end + 1;
+    } else if (std::isalpha(c) || c == '_') {
+      std::string word;
+      while (i < expression.size() && (std::isalnum(static_cast<unsigned char>(expression[i])) ||
+                                       std::string("_$#").find(expression[i]) != std::string::npos)) {
+        word += static_cast<char>(std::toupper(static_cast<unsigned char>(expression[i++])));
+      }
+      names.insert(word);
+    } else {
+      ++i;
+    }
+  }
+  return names;
+}
+
+// The partition that takes everything above the others (MAXVALUE) or every other value (DEFAULT):
+// nothing can be added after it.
+bool isTop(const Partition& p) {
+  auto is = [](const std::vector<std::string>& values, const char* word) {
+    if (values.empty()) return false;
+    std::string first = values.front();
+    for (char& c : first)
+      c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return first == word;
+  };
+  return is(p.values_less_than, "MAXVALUE") || is(p.values, "DEFAULT");
+}
+
+// Compares two range bounds of the literal kinds that order as their texts do (numbers, DATE and
+// TIMESTAMP literals, TO_DATE of a year-first format, strings, MAXVALUE): below 0, 0 or above 0, or
+// kUnknownOrder when the texts do not tell.
+constexpr int kUnknownOrder = 2;
+
+int compareBounds(const Partition& x, const Partition& y) {
+  // One bound value: its kind and the text that orders it.
+  auto key = [](std::string v) -> std::pair<int, std::string> {
+    Trim(v);
+    std::string upper = v;
+    for (char& c : upper)
+      c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    if (upper == "MAXVALUE") return {0, ""};
+    auto literal = [&](std::size_t from) {
+      const std::size_t open = v.find('\'', from);
+      const std::size_t close = open == std::string::npos ? open : v.find('\'', open + 1);
+      std::string text = close == std::string::npos ? "" : v.substr(open + 1, close - open - 1);
+      Trim(text);
+      return text;
+    };
+    if (upper.rfind("DATE", 0) == 0 || upper.rfind("TIMESTAMP", 0) == 0) return {2, literal(0)};
+    if (upper.rfind("TO_DATE", 0) == 0) {
+      const std::size_t format = v.find('\'', v.find('\'', v.find('\'') + 1) + 1);
+      std::string f = format == std::string::npos ? "" : upper.substr(format + 1);
+      if (f.rfind("S", 0) == 0) f = f.substr(1);
+      return f.rfind("YYYY-MM-DD", 0) == 0 ? std::make_pair(2, literal(0))
+                                           : std::make_pair(-1, std::string());
+    }
+    if (!v.empty() && v.front() == '\'') return {3, literal(0)};
+    try {
+      std::size_t used = 0;
+      std::stod(v, &used);
+      if (used == v.size()) return {1, ""};  // compared as numbers below
+    } catch (...) {
+    }
+    return {-1, ""};
+  };
+  const auto& a = x.values_less_than;
+  const auto& b = y.values_less_than;
+  for (std::size_t i = 0; i < a.size() && i < b.size(); ++i) {
+    const auto ka = key(a[i]), kb = key(b[i]);
+    if (ka.first == 0 || kb.first == 0) {
+      if (ka.first != kb.first) return ka.first == 0 ? 1 : -1;
+      continue;
+    }
+    if (ka.first < 0 || ka.first != kb.first) return kUnknownOrder;
+    if (ka.first == 1) {
+      const double da = std::stod(a[i]), db = std::stod(b[i]);
+      if (da != db) return da < db ? -1 : 1;
+    } else if (ka.second != kb.second) {
+      return ka.second < kb.second ? -1 : 1;
+    }
+  }
+  return 0;
+}
+
+bool isNational(const std::string& type) {
+  return type == "NCHAR" || type == "NVARCHAR2";
+}
+
+// A column's type as a statement writes it: NUMBER, NUMBER(9,2), VARCHAR2(30 CHAR).
+std::string typeText(const Column& c) {
+  if (c.length.empty()) return c.type;
+  return c.type + "(" + c.length + (c.scale.empty() ? "" : "," + c.scale) +
+         (c.unit.empty() ? "" : " " + c.unit) + ")";
+}
+
+// Why a change within a type family can fail on a table with rows, or "" when it cannot.
+std::string narrowing(const Column& old, const Column& now) {
+  constexpr long kFloating = 1L << 20;  // the scale of a NUMBER without precision: any
+  const bool numeric = typeFamily(old.type) == typeFamily("NUMBER");
+  if (numeric && (old.type == "FLOAT") != (now.type == "FLOAT")) return "";  // binary precision
+  if (numeric) {
+    // Precision and scale; NUMBER alone holds any, INTEGER is NUMBER(38) and a precision of "*"
+    // is the largest.
+    auto precision = [](const Column& c) { return numberOr(c.length, c.type == "FLOAT" ? 126 : 38); };
+    auto scale = [&](const Column& c) {
+      if (c.type == "FLOAT" || (c.type == "NUMBER" && c.length.empty() && c.scale.empty())) return kFloating;
+      return numberOr(c.scale, 0);
+    };
+    if (precision(now) >= precision(old) && scale(now) >= scale(old)) return "";
+    return "Oracle refuses to decrease the precision or scale of a column that holds any value "
+           "(ORA-01440): the statement runs only while the column is empty";
+  }
+  if (!old.length.empty() && !now.length.empty() &&
+      numberOr(now.length, 1L << 30) < numberOr(old.length, 1L << 30)) {
+    return "values that do not fit make the statement fail";
+  }
+  return "";
+}
+
 class Differ {
  public:
   Differ(const Table& before, const Table& after, const Options& options)
@@ -130,9 +263,34 @@ class Differ {
     return (t.schema.empty() ? "" : id(t.schema, "schema") + ".") + id(t.name, "name");
   }
   [[noreturn]] void refuse(const std::string& what) {
+    m_why = what;
     throw ToolError(kExitNeedsRecreate,
                     tableName(m_before) + ": " + what +
                         "; no ALTER statement does this (--allow-recreate drops and creates the table)");
+  }
+  // Refuses a statement that the table's release lacks, naming the release that brought it.
+  void requireRelease(int since, const std::string& what) {
+    if (m_release >= since) return;
+    m_why = what + " needs " + create::ReleaseLabel(since);
+    throw ToolError(kExitNeedsRecreate,
+                    tableName(m_before) + ": " + what + " needs " + create::ReleaseLabel(since) +
+                        "; the table is for " + create::ReleaseLabel(m_release) +
+                        " (--allow-recreate drops and creates the table)");
+  }
+  // Refuses a column type that comes with a later release: the new document is wrong, as create
+  // would say.
+  void requireType(const Column& column, const std::string& where) {
+    auto offers = [&](int release) {
+      const std::vector<std::string> types = CSQLUtil::GetDataTypes(release);
+      return std::find(types.begin(), types.end(), column.type) != types.end();
+    };
+    if (offers(m_release)) return;
+    for (int later = m_release + 1; later <= kLatestRelease; ++later) {
+      if (offers(later)) {
+        create::RequireRelease(
+            m_release, later, where + ".type", "the data type " + column.type + " of column " + column.name);
+      }
+    }
   }
   void warn(const std::string& what) { m_script.warnings.push_back(what); }
   // A statement that loses data: a warning, or a refusal with --fail-on-data-loss.
@@ -141,15 +299,35 @@ class Differ {
     m_lost.push_back(what);
   }
 
+  // Warns of the storage parameters that only a new segment takes.
+  void segmentFixed(const Segment& now, const Segment& before, const std::string& what) {
+    const std::pair<const char*, std::string Segment::*> fixed[] = {
+        {"INITIAL", &Segment::initial},
+        {"MINEXTENTS", &Segment::minextents},
+        {"FREELIST GROUPS", &Segment::freelist_groups}};
+    for (const auto& [name, member] : fixed) {
+      if (!(now.*member).empty() && now.*member != before.*member)
+        warn(std::string(name) + " of " + what +
+             " is set when its segment is created; the change is left out");
+    }
+  }
   void checkRecreate();
+  Script alter();
   Script recreate();
   void matchColumns();
   void loadTable(CSQLInfoTable& table);
   void loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp);
   void loadConstraints(CSQLInfoConstraints& constraints, CSQLInfoConstraints& followUp, Texts& redefined);
   void scriptIndexes(Texts& dropped, Texts& altered, Texts& created);
+  void loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now);
   void scriptPartitions(CSQLInfoTable& table, Texts& out);
   void scriptPartitionLobs(CSQLInfoTable& table, Texts& out);
+  void loadSubpartitions(CSQLInfoPartitions::CPartition& record,
+                         const Partition& old,
+                         const Partition& now,
+                         const std::string& where);
+  void addPartition(CSQLInfoTable& table, const Partition& now, const std::string& where, Texts& out);
+  void splitPartition(const std::string& from, const Partition& now, const std::string& where, Texts& out);
   void scriptComments(Texts& out);
 
   const Table& m_before;
@@ -160,12 +338,18 @@ class Differ {
   // New column index -> old column index (absent: added).
   std::map<std::size_t, std::size_t> m_columnOf;
   std::set<std::string> m_droppedColumns;
+  // Old names of the kept columns whose type, length, precision or scale changes.
+  std::set<std::string> m_retyped;
   // Old column name -> new column name, for the columns the new table keeps.
   std::map<std::string, std::string> m_newName;
   std::vector<std::string> m_lost;
   // Added constraints (positions in the new table) written by the create writer: keys on an index
   // of the table, which follow the new indexes, and keys with a USING INDEX clause of their own.
   std::vector<std::size_t> m_keysOnIndexes, m_keysWithIndex;
+  // Why the table has to be created anew, for the warning of --allow-recreate.
+  std::string m_why;
+  // A changed degree of parallelism in the bracketed form of the older releases, or "".
+  std::string m_parallel;
 
   // Old column names as the new table calls them.
   std::vector<std::string> renamed(std::vector<std::string> names) const {
@@ -205,13 +389,16 @@ void Differ::checkRecreate() {
 
 Script Differ::recreate() {
   Script script;
+  if (m_after.release != m_before.release) script.warnings.push_back(m_script.warnings.front());
   script.statements.push_back("DROP TABLE " + tableName(m_before) + " CASCADE CONSTRAINTS");
-  script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost");
+  script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost (" + m_why +
+                            ")");
   if (m_options.fail_on_data_loss) {
     throw ToolError(kExitFailure, "refused, the script loses data: " + script.warnings.back());
   }
   Script create = RunCreate(m_after, m_options);
   script.statements.insert(script.statements.end(), create.statements.begin(), create.statements.end());
+  script.warnings.insert(script.warnings.end(), create.warnings.begin(), create.warnings.end());
   return script;
 }
 
@@ -270,6 +457,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     columns.AddColumn(old.name.c_str(), true);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(old.name.c_str());
     if (m_droppedColumns.count(old.name) != 0) {
+      requireRelease(2, "dropping column " + old.name + " (DROP COLUMN)");
       load(record, "NAME", oldId, oldId);
       columns.DropColumn(old.name.c_str(), false, false);
       dataLoss("DROP COLUMN " + old.name + " of " + tableName(m_before) + " loses the column's data");
@@ -282,9 +470,25 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if (now.type != old.type && (typeFamily(now.type) < 0 || typeFamily(now.type) != typeFamily(old.type))) {
       refuse("column " + now.name + " changes its type from " + old.type + " to " + now.type);
     }
-    if (now.type == old.type && numberOr(now.length, 1L << 30) < numberOr(old.length, 1L << 30)) {
-      dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + old.length + " to " +
-               now.length + ": values that do not fit make the statement fail");
+    auto moves = [](const std::string& after, const std::string& before) {
+      return !after.empty() && after != before;
+    };
+    if (moves(now.lob.tablespace, old.lob.tablespace) || moves(now.lob.chunk, old.lob.chunk) ||
+        moves(now.lob.in_row, old.lob.in_row)) {
+      requireRelease(2, "moving the LOB storage of column " + old.name + " (MOVE LOB)");
+    }
+    if (now.type != old.type || now.length != old.length || now.scale != old.scale || now.unit != old.unit) {
+      requireType(now, "columns[" + std::to_string(kept->first) + "]");
+      m_retyped.insert(old.name);
+    }
+    const std::string narrows = narrowing(old, now);
+    if (!narrows.empty()) {
+      dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + typeText(old) +
+               " to " + typeText(now) + ": " + narrows);
+    }
+    if (isNational(old.type) && !isNational(now.type)) {
+      dataLoss("column " + now.name + " of " + tableName(m_before) + " changes from " + old.type + " to " +
+               now.type + ": characters that the database character set lacks are replaced");
     }
     // Everything but the name, as it is and as it should be.
     auto loadChanges = [&](CSQLInfoColumns::CColumn& r) {
@@ -299,6 +503,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       loadLob(r, now.lob, old.lob, true);
     };
     const std::string nowId = id(now.name, where);
+    if (nowId != oldId) requireRelease(4, "renaming column " + old.name + " (RENAME COLUMN)");
     load(record, "NAME", nowId, oldId);
     if (nowId == oldId) {
       loadChanges(record);
@@ -320,6 +525,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
   for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
     if (m_columnOf.count(n) != 0) continue;
     const Column& now = m_after.columns[n];
+    requireType(now, "columns[" + std::to_string(n) + "]");
     const std::string itemName = "+" + now.name;  // never the name of an old column's item
     columns.AddColumn(itemName.c_str(), false);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(itemName.c_str());
@@ -329,6 +535,13 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     load(record, "SCALE", now.scale, "");
     load(record, "DEFAULT", now.default_value, "");
     if (now.not_null) load(*record.CONSTRAINT(), "NULL", "NOT NULL", "");
+    if (now.not_null && now.default_value.empty()) {
+      // Not data loss, but a statement that fails on any table with rows; --fail-on-data-loss
+      // refuses it too.
+      dataLoss("column " + now.name + " is added to " + tableName(m_before) +
+               " NOT NULL without a default: Oracle refuses this on a table with rows (ORA-01758); add it "
+               "nullable, fill it, then make it NOT NULL");
+    }
     if (now.unique) load(*record.CONSTRAINT(), "UNIQUE", "UNIQUE", "");
     if (now.primary_key) load(*record.CONSTRAINT(), "PRIMARY", "PRIMARY", "");
     if (!now.check.empty()) load(*record.CONSTRAINT(), "CHECK", now.check, "");
@@ -346,12 +559,22 @@ void Differ::loadTable(CSQLInfoTable& table) {
        m_before.schema.empty() ? "" : id(m_before.schema, "schema"),
        m_before.schema.empty() ? "" : id(m_before.schema, "schema"));
   load(table, "TABLE", id(m_before.name, "name"), id(m_before.name, "name"));
+  // What the release lacks, among the changes below.
+  auto changes = [](const std::string& now, const std::string& before) {
+    return !now.empty() && now != before;
+  };
+  if (changes(m_after.tablespace, m_before.tablespace))
+    requireRelease(2, "moving the table to another tablespace (MOVE)");
+  if (changes(m_after.logging, m_before.logging)) requireRelease(2, "LOGGING and NOLOGGING");
+  if (changes(m_after.compress, m_before.compress)) requireRelease(4, "table compression");
+  if (changes(m_after.monitoring, m_before.monitoring)) requireRelease(2, "MONITORING and NOMONITORING");
+  if (changes(m_after.row_movement, m_before.row_movement)) requireRelease(2, "row movement");
+  if (changes(m_after.segment.buffer_pool, m_before.segment.buffer_pool)) requireRelease(2, "BUFFER_POOL");
   loadKept(table, "TABLESPACE", m_after.tablespace, m_before.tablespace);
   const Segment& a = m_before.segment;
   const Segment& b = m_after.segment;
   loadSegment(table, b, a);
-  if (b.initial != a.initial && !b.initial.empty())
-    warn("INITIAL of a table is set when it is created; the change is left out");
+  segmentFixed(b, a, "the table");
   loadKept(table, "LOGGING", m_after.logging, m_before.logging);
   loadKept(table, "COMPRESS", m_after.compress, m_before.compress);
   loadKept(table, "CACHE", m_after.cache, m_before.cache);
@@ -363,7 +586,21 @@ void Differ::loadTable(CSQLInfoTable& table) {
   };
   auto degree = [](const std::string& p) { return p == "NOPARALLEL" || p == "PARALLEL" ? "" : p; };
   const std::string parallel = m_after.parallel.empty() ? m_before.parallel : m_after.parallel;
-  if (parallel != m_before.parallel) {
+  if (parallel != m_before.parallel && m_release < 3) {
+    // The older releases take the degree in brackets, PARALLEL (DEGREE n), which the ALTER TABLE
+    // tree does not write: the clause of the table's release writes it, as a statement of its own.
+    CSQLClauseParallel clause(true, m_release);
+    clause.SetValue("PARALLEL", keyword(parallel).c_str());
+    if (!degree(parallel).empty()) {
+      clause.AddAttr("PARALLEL;LIST", std::make_unique<CSQLClauseParallel::CSubSQLItem>("DEGREE"));
+      clause.SetValue("PARALLEL;LIST;DEGREE;DEGREE", "DEGREE");
+      clause.SetValue("PARALLEL;LIST;DEGREE;DEGREE;VALUE", degree(parallel).c_str());
+    }
+    std::string text;
+    clause.GetModifiedSQL("*", text);
+    Trim(text);
+    m_parallel = "ALTER TABLE " + tableName(m_before) + " " + text;
+  } else if (parallel != m_before.parallel) {
     load(table,
          "PARALLEL",
          keyword(parallel),
@@ -464,6 +701,7 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
       // A renamed constraint's state changes follow its rename, under its new name.
       CSQLInfoConstraints::CConstraint* target = &c;
       if (nowId != oldId) {
+        requireRelease(4, "renaming constraint " + old.name + " (RENAME CONSTRAINT)");
         followUp.AddConstraint(key.c_str(), true);
         target = followUp.GetConstraint(key.c_str());
         load(*target, "NAME", nowId, nowId);
@@ -477,6 +715,8 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
         throw ToolError(kExitBadInput,
                         where + ": the state of an unnamed constraint cannot be changed; name it");
       }
+      if (target->STATE()->IsModified(nullptr))
+        requireRelease(2, "changing the state of constraint " + old.name + " (MODIFY CONSTRAINT)");
       continue;
     }
     if (redefine) {
@@ -526,8 +766,30 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
       }
       return k;
     };
+    // The partitions of a global index, by their old names, with their bounds: a changed bound, or
+    // a partition more or less, makes the index anew (renames and tablespaces change in place).
+    auto bounds = [](const Index& i) {
+      std::vector<std::pair<std::string, std::vector<std::string>>> b;
+      for (const Partition& p : i.global_partitions)
+        b.emplace_back(p.renamed_from.empty() ? p.name : p.renamed_from, p.values_less_than);
+      return b;
+    };
     return x.unique == y.unique && x.bitmap == y.bitmap && keys(x) == keys(y) && x.local == y.local &&
-           x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns;
+           x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns &&
+           bounds(x) == bounds(y) && x.global_count == y.global_count;
+  };
+  // Oracle refuses to change the type or length of a column that a function-based index uses
+  // (ORA-30556); a descending key is one such index too. The index goes before the change and comes
+  // back after it.
+  auto retypedUnder = [this](const Index& x) -> std::string {
+    for (const IndexKey& key : x.keys) {
+      std::set<std::string> used = namesIn(key.expression);
+      if (key.order == "DESC" && !key.column.empty()) used.insert(key.column);
+      for (const std::string& column : m_retyped) {
+        if (used.count(column) != 0) return column;
+      }
+    }
+    return "";
   };
   auto qualified = [&](const Index& x) {
     const std::string schema = x.schema.empty() ? m_before.schema : x.schema;
@@ -554,7 +816,13 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
       toCreate.push_back(now);
       continue;
     }
-    if (!sameDefinition(*old, now)) {
+    const std::string column = retypedUnder(*old);
+    if (!column.empty()) {
+      warn("index " + old->name + " is dropped before column " + column +
+           " changes and created again after: Oracle does not change the type or length of a column "
+           "that a function-based index uses (ORA-30556)");
+    }
+    if (!sameDefinition(*old, now) || !column.empty()) {
       dropped.push_back("DROP INDEX " + qualified(*old));
       toCreate.push_back(now);
       continue;
@@ -566,13 +834,29 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
          "SCHEMA",
          schema.empty() ? "" : id(schema, "schema"),
          schema.empty() ? "" : id(schema, "schema"));
+    if (now.name != old->name) requireRelease(1, "renaming index " + old->name + " (RENAME TO)");
     load(record, "INDEX", id(now.name, "index " + now.name), id(old->name, "index " + old->name));
     loadKept(record, "TABLESPACE", now.tablespace, old->tablespace);
     loadKept(record, "LOGGING", now.logging, old->logging);
     loadSegment(record, now.segment, old->segment);
+    segmentFixed(now.segment, old->segment, "index " + now.name);
+    if (now.reverse != old->reverse) {
+      requireRelease(2, "rebuilding index " + old->name + " REVERSE or NOREVERSE");
+      load(record, "REVERSE", now.reverse ? "REVERSE" : "NOREVERSE", old->reverse ? "REVERSE" : "NOREVERSE");
+    }
+    if (!now.compress.empty() && now.compress != old->compress) {
+      requireRelease(2, "key compression of index " + old->name);
+      auto keyword = [](const std::string& c) { return c == "NOCOMPRESS" || c.empty() ? c : "COMPRESS"; };
+      auto prefix = [](const std::string& c) { return c == "NOCOMPRESS" || c == "COMPRESS" ? "" : c; };
+      load(record, "COMPRESS", keyword(now.compress), keyword(old->compress));
+      load(record, "COMPRESS;VALUE", prefix(now.compress), prefix(old->compress));
+    }
+    loadIndexPartitions(record, *old, now);
     const std::string parallel = now.parallel.empty() ? old->parallel : now.parallel;
     if (parallel != old->parallel) {
       const bool degree = parallel != "PARALLEL" && parallel != "NOPARALLEL";
+      // The ALTER INDEX tree writes PARALLEL n only, the form of release code 3 on.
+      if (degree) requireRelease(3, "a degree of parallelism for index " + old->name);
       load(record, "PARALLEL", degree ? "PARALLEL" : parallel, "");
       load(record, "PARALLEL;VALUE", degree ? parallel : "", "");
     }
@@ -593,6 +877,62 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
   }
 }
 
+// The partitions of a kept index: renames and new tablespaces (REBUILD PARTITION). The partitions
+// of a local index follow the table's: one the table gains or loses is not the index's to script.
+void Differ::loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now) {
+  if (old.local) load(record, "LOCAL", "LOCAL", "LOCAL");
+  const std::vector<Partition>& before = old.local ? old.local_partitions : old.global_partitions;
+  const std::vector<Partition>& listed = now.local ? now.local_partitions : now.global_partitions;
+  // A list the new document leaves out is left as it is.
+  const std::vector<Partition>& after = listed.empty() ? before : listed;
+  const std::string where = "index " + now.name + " partition";
+  if (old.local && before.empty() && !now.tablespace.empty() && now.tablespace != old.tablespace) {
+    // Its partitions were made in the index's tablespace, under the names of the table's.
+    for (const Partition& p : m_before.partitioning.partitions) {
+      record.AddPartition(p.name.c_str(), true);
+      load(*record.GetPartition(p.name.c_str()), "NAME", id(p.name, where), id(p.name, where));
+      load(*record.GetPartition(p.name.c_str()), "TABLESPACE", now.tablespace, old.tablespace);
+    }
+    if (m_before.partitioning.partitions.empty()) {
+      warn("index " + now.name +
+           ": its partitions have no names to rebuild them by; only new partitions "
+           "go to tablespace " +
+           now.tablespace);
+      record.AddPartition("", true);  // a partitioned index: the tablespace is its partitions' default
+    }
+    return;
+  }
+  std::set<std::string> matched;
+  for (const Partition& p : after) {
+    const std::string oldName = p.renamed_from.empty() ? p.name : p.renamed_from;
+    const auto found =
+        std::find_if(before.begin(), before.end(), [&](const Partition& b) { return b.name == oldName; });
+    if (found == before.end()) {
+      if (!p.renamed_from.empty()) {
+        throw ToolError(
+            kExitBadInput,
+            where + " " + p.name + ": renamed_from names no partition of the old index: " + p.renamed_from);
+      }
+      warn(where + " " + p.name +
+           " is made by Oracle with the table's partition; its name and tablespace "
+           "are Oracle's choice");
+      continue;
+    }
+    matched.insert(found->name);
+    record.AddPartition(found->name.c_str(), true);
+    CSQLInfoIndex::CPartition& r = *record.GetPartition(found->name.c_str());
+    load(r, "NAME", id(p.name, where), id(found->name, where));
+    loadKept(r,
+             "TABLESPACE",
+             p.tablespace.empty() ? now.tablespace : p.tablespace,
+             found->tablespace.empty() ? old.tablespace : found->tablespace);
+  }
+  for (const Partition& p : before) {
+    if (matched.count(p.name) == 0 && old.local)
+      warn(where + " " + p.name + " goes with the table's partition; the index's list leaves it out");
+  }
+}
+
 // ---- partitions ---------------------------------------------------------------------------------
 
 void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
@@ -610,10 +950,23 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     }
     return;
   }
+  if (a.subcount != b.subcount || a.subtemplate.size() != b.subtemplate.size() ||
+      !std::equal(a.subtemplate.begin(),
+                  a.subtemplate.end(),
+                  b.subtemplate.begin(),
+                  [](const Partition& x, const Partition& y) {
+                    return x.name == y.name && x.values == y.values && x.tablespace == y.tablespace;
+                  })) {
+    warn(
+        "the subpartition template of " + tableName(m_before) +
+        " changes; it is not scripted: a partition added without subpartitions of its own takes the old one");
+  }
   CSQLInfoPartitions partitions;
   load(partitions, "TYPE", b.type, a.type);
   load(partitions, "SUBTYPE", b.subtype, a.subtype);
   std::set<std::size_t> matched;
+  // New partition index -> old partition index, for the kept ones; the others are added.
+  std::map<std::size_t, std::size_t> keptOf;
   for (std::size_t n = 0; n < b.partitions.size(); ++n) {
     const Partition& now = b.partitions[n];
     const std::string where = "partitioning.partitions[" + std::to_string(n) + "]";
@@ -626,44 +979,37 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
       throw ToolError(kExitBadInput,
                       where + ": renamed_from names no partition of the old table: " + now.renamed_from);
     }
-    if (o < a.partitions.size()) {
-      matched.insert(o);
-      const Partition& old = a.partitions[o];
-      if (old.values_less_than != now.values_less_than || old.values != now.values) {
-        refuse("partition " + now.name + " changes its bounds (split or merge the partitions instead)");
-      }
-      partitions.AddPartition(old.name.c_str(), true);
-      CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(old.name.c_str());
-      load(p, "NAME", id(now.name, where), id(old.name, where));
-      loadKept(p, "TABLESPACE", now.tablespace, old.tablespace);
-      loadKept(p, "LOGGING", now.logging, old.logging);
-      loadKept(p, "COMPRESS", now.compress, old.compress);
-      loadSegment(p, now.segment, old.segment);
-      continue;
+    if (o == a.partitions.size()) continue;
+    matched.insert(o);
+    keptOf[n] = o;
+    const Partition& old = a.partitions[o];
+    if (old.values_less_than != now.values_less_than || old.values != now.values) {
+      refuse("partition " + now.name + " changes its bounds (split or merge the partitions instead)");
     }
-    const std::string key = "+" + now.name;
-    partitions.AddPartition(key.c_str(), false);
-    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(key.c_str());
-    load(p, "NAME", id(now.name, where), "");
-    load(p, "TABLESPACE", now.tablespace, "");
-    for (const std::string& v : b.type == "LIST" ? now.values : now.values_less_than)
-      p.VALUES().AddValue(v.c_str(), v.c_str(), "");
-    for (const Partition& s : now.subpartitions) {
-      p.AddSubPartition(s.name.c_str(), false);
-      load(*p.GetSubPartition(s.name.c_str()), "NAME", id(s.name, where + " subpartition"), "");
-      load(*p.GetSubPartition(s.name.c_str()), "TABLESPACE", s.tablespace, "");
-      for (const std::string& v : s.values)
-        p.GetSubPartition(s.name.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
+    partitions.AddPartition(old.name.c_str(), true);
+    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(old.name.c_str());
+    load(p, "NAME", id(now.name, where), id(old.name, where));
+    loadKept(p, "TABLESPACE", now.tablespace, old.tablespace);
+    loadKept(p, "LOGGING", now.logging, old.logging);
+    loadKept(p, "COMPRESS", now.compress, old.compress);
+    loadSegment(p, now.segment, old.segment);
+    segmentFixed(now.segment, old.segment, "partition " + now.name);
+    loadSubpartitions(p, old, now, where);
+  }
+  // A table keeps at least one partition (ORA-14083): when none is kept, the old table's highest
+  // partition is dropped last, once the new ones are there.
+  const bool ordered = b.type != "HASH";
+  std::size_t held = a.partitions.size();
+  if (ordered && keptOf.empty() && !b.partitions.empty()) {
+    for (std::size_t o = a.partitions.size(); o-- > 0;) {
+      if (matched.count(o) == 0) {
+        held = o;
+        break;
+      }
     }
   }
   for (std::size_t o = 0; o < a.partitions.size(); ++o) {
     if (matched.count(o) != 0) continue;
-    partitions.AddPartition(a.partitions[o].name.c_str(), true);
-    load(*partitions.GetPartition(a.partitions[o].name.c_str()),
-         "NAME",
-         id(a.partitions[o].name, "partition"),
-         id(a.partitions[o].name, "partition"));
-    partitions.DropPartition(a.partitions[o].name.c_str(), false);
     const std::string what = std::string(b.type == "HASH" ? "COALESCE" : "DROP") + " PARTITION " +
                              a.partitions[o].name + " of " + tableName(m_before);
     if (b.type == "HASH") {
@@ -671,12 +1017,213 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     } else {
       dataLoss(what + " loses the partition's data");
     }
+    if (o == held) continue;
+    partitions.AddPartition(a.partitions[o].name.c_str(), true);
+    load(*partitions.GetPartition(a.partitions[o].name.c_str()),
+         "NAME",
+         id(a.partitions[o].name, "partition"),
+         id(a.partitions[o].name, "partition"));
+    partitions.DropPartition(a.partitions[o].name.c_str(), false);
+  }
+
+  // How each new partition comes: added above the highest bound, or split off the partition whose
+  // range holds it (a kept one above it, the MAXVALUE or DEFAULT partition, or the held-back one).
+  struct Step {
+    std::size_t partition;  // in the new table
+    std::string from;       // the partition split, or "" to add
+  };
+  std::vector<Step> steps;
+  bool splitsHeld = false, dropHeldFirst = false;
+  const Partition* heldPartition = held < a.partitions.size() ? &a.partitions[held] : nullptr;
+  for (std::size_t n = 0; n < b.partitions.size(); ++n) {
+    if (keptOf.count(n) != 0) continue;
+    const Partition& now = b.partitions[n];
+    std::string from;
+    if (b.type == "RANGE") {
+      // The first kept partition above it in the new table holds its range.
+      for (std::size_t k = n + 1; k < b.partitions.size() && from.empty(); ++k) {
+        if (keptOf.count(k) != 0) from = b.partitions[k].name;
+      }
+    } else if (b.type == "LIST") {
+      for (const auto& [k, o] : keptOf) {
+        if (isTop(b.partitions[k])) from = b.partitions[k].name;
+      }
+    }
+    if (from.empty() && heldPartition != nullptr && !isTop(now)) {
+      const int order = b.type == "RANGE" ? compareBounds(now, *heldPartition) : kUnknownOrder;
+      if (isTop(*heldPartition) || order < 0) {
+        from = heldPartition->name;
+        splitsHeld = true;
+      }
+    }
+    steps.push_back({n, from});
+  }
+  // A new MAXVALUE or DEFAULT partition comes last; when the held-back partition is one too, it
+  // takes its place, after the others are in.
+  std::stable_partition(
+      steps.begin(), steps.end(), [&](const Step& x) { return !isTop(b.partitions[x.partition]); });
+  if (heldPartition != nullptr && isTop(*heldPartition) && !steps.empty() &&
+      isTop(b.partitions[steps.back().partition])) {
+    if (steps.size() == 1) refuse("partition " + heldPartition->name + " would be the last one dropped");
+    dropHeldFirst = true;
+  }
+  if (splitsHeld) {
+    // Split off an emptied partition, so that the rows it held are gone as the script says.
+    partitions.AddPartition(heldPartition->name.c_str(), true);
+    CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(heldPartition->name.c_str());
+    load(p, "NAME", id(heldPartition->name, "partition"), id(heldPartition->name, "partition"));
+    load(p, "TRUNCATE", "TRUNCATE", "");
+  }
+
+  CSQLAlterTable statement;
+  if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
+    throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
+  }
+  const std::string dropHeld =
+      heldPartition == nullptr ? "" : head + " DROP PARTITION " + id(heldPartition->name, "partition");
+  for (const Step& step : steps) {
+    const Partition& now = b.partitions[step.partition];
+    if (dropHeldFirst && isTop(now)) out.push_back(dropHeld);
+    const std::string where = "partitioning.partitions[" + std::to_string(step.partition) + "]";
+    if (step.from.empty()) {
+      addPartition(table, now, where, out);
+      continue;
+    }
+    splitPartition(step.from, now, where, out);
+    if (heldPartition == nullptr || step.from != heldPartition->name) {
+      warn("SPLIT PARTITION " + step.from + " of " + tableName(m_before) + " moves its rows " +
+           (b.type == "LIST" ? "with the listed values" : "below the new bound") + " into " + now.name +
+           "; no data is lost");
+    }
+  }
+  if (heldPartition != nullptr && !dropHeldFirst) out.push_back(dropHeld);
+  scriptPartitionLobs(table, out);
+}
+
+// The subpartitions of a kept partition: renamed, moved, added or dropped. A list the new document
+// leaves out is left as it is.
+void Differ::loadSubpartitions(CSQLInfoPartitions::CPartition& record,
+                               const Partition& old,
+                               const Partition& now,
+                               const std::string& where) {
+  if (now.subpartitions.empty()) return;
+  const std::string at = where + " subpartition";
+  std::set<std::string> matched;
+  for (const Partition& s : now.subpartitions) {
+    const std::string oldName = s.renamed_from.empty() ? s.name : s.renamed_from;
+    const auto found = std::find_if(old.subpartitions.begin(),
+                                    old.subpartitions.end(),
+                                    [&](const Partition& o) { return o.name == oldName; });
+    if (found == old.subpartitions.end()) {
+      if (!s.renamed_from.empty()) {
+        throw ToolError(kExitBadInput,
+                        at + " " + s.name + ": renamed_from names no subpartition of partition " + old.name +
+                            ": " + s.renamed_from);
+      }
+      const auto fallback = std::find_if(old.subpartitions.begin(), old.subpartitions.end(), isTop);
+      if (!s.values.empty() && fallback != old.subpartitions.end()) {
+        refuse("subpartition " + s.name + " is added to partition " + old.name +
+               ", whose DEFAULT subpartition " + fallback->name +
+               " holds its values (split that subpartition instead)");
+      }
+      const std::string key = "+" + s.name;
+      record.AddSubPartition(key.c_str(), false);
+      load(*record.GetSubPartition(key.c_str()), "NAME", id(s.name, at), "");
+      load(*record.GetSubPartition(key.c_str()), "TABLESPACE", s.tablespace, "");
+      for (const std::string& v : s.values)
+        record.GetSubPartition(key.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
+      continue;
+    }
+    if (found->values != s.values) refuse("subpartition " + s.name + " changes its values");
+    matched.insert(found->name);
+    record.AddSubPartition(found->name.c_str(), true);
+    load(*record.GetSubPartition(found->name.c_str()), "NAME", id(s.name, at), id(found->name, at));
+    loadKept(*record.GetSubPartition(found->name.c_str()), "TABLESPACE", s.tablespace, found->tablespace);
+  }
+  for (const Partition& s : old.subpartitions) {
+    if (matched.count(s.name) != 0) continue;
+    record.AddSubPartition(s.name.c_str(), true);
+    load(*record.GetSubPartition(s.name.c_str()), "NAME", id(s.name, at), id(s.name, at));
+    record.DropSubPartition(s.name.c_str(), false);
+    if (s.values.empty()) {
+      warn("COALESCE SUBPARTITION of partition " + old.name + " of " + tableName(m_before) +
+           " redistributes the rows of its last subpartition; no data is lost");
+    } else {
+      dataLoss("DROP SUBPARTITION " + s.name + " of " + tableName(m_before) +
+               " loses the subpartition's data");
+    }
+  }
+}
+
+// ADD PARTITION, through the partition information.
+void Differ::addPartition(CSQLInfoTable& table, const Partition& now, const std::string& where, Texts& out) {
+  const Partitioning& a = m_before.partitioning;
+  const Partitioning& b = m_after.partitioning;
+  CSQLInfoPartitions partitions;
+  load(partitions, "TYPE", b.type, a.type);
+  load(partitions, "SUBTYPE", b.subtype, a.subtype);
+  const std::string key = "+" + now.name;
+  partitions.AddPartition(key.c_str(), false);
+  CSQLInfoPartitions::CPartition& p = *partitions.GetPartition(key.c_str());
+  load(p, "NAME", id(now.name, where), "");
+  load(p, "TABLESPACE", now.tablespace, "");
+  for (const std::string& v : b.type == "LIST" ? now.values : now.values_less_than)
+    p.VALUES().AddValue(v.c_str(), v.c_str(), "");
+  for (const Partition& s : now.subpartitions) {
+    p.AddSubPartition(s.name.c_str(), false);
+    load(*p.GetSubPartition(s.name.c_str()), "NAME", id(s.name, where + " subpartition"), "");
+    load(*p.GetSubPartition(s.name.c_str()), "TABLESPACE", s.tablespace, "");
+    for (const std::string& v : s.values)
+      p.GetSubPartition(s.name.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
   }
   CSQLAlterTable statement;
   if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
     throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
   }
-  scriptPartitionLobs(table, out);
+}
+
+// SPLIT PARTITION from AT (bound) | VALUES (values) INTO (PARTITION now ..., PARTITION from): the
+// new partition takes the lower part of the range, or the listed values.
+void Differ::splitPartition(const std::string& from,
+                            const Partition& now,
+                            const std::string& where,
+                            Texts& out) {
+  const Partitioning& b = m_after.partitioning;
+  CSQLAlterTable statement;
+  create::TreeFiller f(statement, "ALTER TABLE");
+  const std::string split = "C_ALTER_TAB_PART;C_SPLIT_TABLE_PART;PARTITION";
+  const std::string spec = split + ";SPEC1;C_TAB_PART_DESC;";
+  const std::string physical = spec + "C_SEG_ATTRIBUTE;C_PHYSICAL_ATTRIBUTES;";
+  if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
+  f.Set("TABLE", id(m_before.name, "name"), "name");
+  f.Set(split, id(from, "partition"), where);
+  f.Set(split + (b.type == "LIST" ? ";VALUES" : ";AT"), b.type == "LIST" ? "VALUES" : "AT", where);
+  f.AddTexts(split + ";LIST", b.type == "LIST" ? now.values : now.values_less_than, where);
+  f.Set(split + ";SPEC1;PARTITION", id(now.name, where), where);
+  f.Set(spec + "C_SEG_ATTRIBUTE;TABLESPACE", now.tablespace, where + ".tablespace");
+  const std::pair<const char*, std::string Segment::*> fields[] = {
+      {"PCTFREE", &Segment::pctfree},
+      {"PCTUSED", &Segment::pctused},
+      {"INITRANS", &Segment::initrans},
+      {"MAXTRANS", &Segment::maxtrans},
+      {"C_STORAGE;INITIAL", &Segment::initial},
+      {"C_STORAGE;NEXT", &Segment::next},
+      {"C_STORAGE;MINEXTENTS", &Segment::minextents},
+      {"C_STORAGE;MAXEXTENTS", &Segment::maxextents},
+      {"C_STORAGE;PCTINCREASE", &Segment::pctincrease},
+      {"C_STORAGE;FREELISTS", &Segment::freelists},
+      {"C_STORAGE;FREELIST", &Segment::freelist_groups},
+      {"C_STORAGE;BUFFER_POOL", &Segment::buffer_pool}};
+  for (const auto& [path, member] : fields)
+    f.Set(physical + path, now.segment.*member, where);
+  f.Set(spec + "C_SEG_ATTRIBUTE;LOGGING", now.logging, where + ".logging");
+  f.Set(spec + "COMPRESS", now.compress, where + ".compress");
+  f.Set(split + ";SPEC2;PARTITION", id(from, "partition"), where);
+  out.push_back(f.Write());
+  if (!now.subpartitions.empty()) {
+    warn("partition " + now.name + " is split off " + from +
+         " and takes the subpartitions of the table's template; its own list is left out");
+  }
 }
 
 // The LOB storage of kept partitions, after the partitions have their new names.
@@ -748,12 +1295,18 @@ Script Differ::run() {
     warn("the documents name different releases; the script is written for the new one's");
   }
   matchColumns();
+  // Whatever no ALTER statement can do, found anywhere in the comparison, drops the table and
+  // creates it anew when the caller allows it.
   try {
-    checkRecreate();
+    return alter();
   } catch (const ToolError& error) {
     if (!m_options.allow_recreate || error.code() != kExitNeedsRecreate) throw;
     return recreate();
   }
+}
+
+Script Differ::alter() {
+  checkRecreate();
 
   CSQLInfoTable table;
   loadTable(table);
@@ -807,8 +1360,10 @@ Script Differ::run() {
   CSQLAlterTable propertyTree;
   CSQLUtil::GenAltTableProperty(&propertyTree, &properties, &table);
   writeTree(propertyTree, properties);
+  if (!m_parallel.empty()) properties.push_back(m_parallel);
   Texts rename;
   if (renamed) {
+    requireRelease(2, "renaming the table (RENAME TO)");
     CSQLInfoTable renaming;
     load(renaming,
          "SCHEMA",

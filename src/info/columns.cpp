@@ -207,8 +207,9 @@ void CSQLInfoColumn::addLOBStorage(CSQLClause* statement) {
   }
 }
 
-// MODIFY LOB (C) (changes) for what changes in place, MOVE LOB (C) STORE AS (TABLESPACE T) for a new
-// tablespace; each is an alteration of its own, written in a later pass of the statement.
+// MODIFY LOB (C) (changes) for what changes in place, MOVE LOB (C) STORE AS (TABLESPACE T CHUNK n
+// ENABLE STORAGE IN ROW) for what needs a new segment: the tablespace, the chunk size and in-row
+// storage; each is an alteration of its own, written in a later pass of the statement.
 void CSQLInfoColumn::modifyLOBStorage(CSQLClause* statement) {
   if (statement == nullptr) return;
   const std::string name = ExistingName();
@@ -232,12 +233,15 @@ void CSQLInfoColumn::modifyLOBStorage(CSQLClause* statement) {
       }
     }
   }
-  if (IsModified("LOB;TABLESPACE")) {
+  if (IsModified("LOB;TABLESPACE") || IsModified("LOB;CHUNK") || IsModified("LOB;ENABLE")) {
     auto owned = std::make_unique<CSQLClauseColumnProp::CSubSQLItemLOB>(GetName().c_str());
     CSQLClause* item = owned.get();
     if (statement->AddAttr("C_MOVE_TABLE;LIST", std::move(owned)) == SQL_OK) {
       detail::AppendNameLeaves(item, "C_LOB_STORAGE;LIST", {name});
-      item->SetValue("C_LOB_STORAGE;C_LOB_PARAMETER;TABLESPACE", changeOf("LOB;TABLESPACE").c_str());
+      for (const char* p : {"TABLESPACE", "CHUNK", "ENABLE"}) {
+        item->SetValue((std::string("C_LOB_STORAGE;C_LOB_PARAMETER;") + p).c_str(),
+                       changeOf(lob(p).c_str()).c_str());
+      }
     }
   }
 }
