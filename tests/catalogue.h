@@ -142,6 +142,11 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLContAND", &buildNode<CSQLContAND>},
       {"CSQLContOR", &buildNode<CSQLContOR>},
       {"CSQLList", &buildNode<CSQLList>},
+      // views and triggers
+      // materialized views and their logs
+      // clusters and tablespaces
+      // users, profiles and the database
+      // dimensions, operators and index types
   };
   return classes;
 }

@@ -153,6 +153,11 @@ const std::vector<StatementKind>& StatementKinds() {
       {"CREATE OUTLINE", "CSQLCreateOutline", &statement<CSQLCreateOutline>},
       {"CREATE TYPE", "CSQLCreateType", &statement<CSQLCreateType>},
       {"CREATE TYPE BODY", "CSQLCreateTypeBody", &statement<CSQLCreateTypeBody>},
+      // views and triggers
+      // materialized views and their logs
+      // clusters and tablespaces
+      // users, profiles and the database
+      // dimensions, operators and index types
   };
   return kinds;
 }
@@ -190,6 +195,11 @@ const std::vector<ItemClass>& ItemClasses() {
       {"CSQLClauseLOBItemB", &named<CSQLClauseLOBItemB>},
       {"CSQLClauseModifyLOBStorage", &named<CSQLClauseModifyLOBStorage>},
       {"CSQLClauseExtDataProp::CSubSQLItem", &named<CSQLClauseExtDataProp::CSubSQLItem>},
+      // views and triggers
+      // materialized views and their logs
+      // clusters and tablespaces
+      // users, profiles and the database
+      // dimensions, operators and index types
   };
   return classes;
 }
@@ -267,6 +277,11 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_GLOBAL_PART_IDX;LIST", {kLeaf}},
       {"C_GLOBAL_PARTITIONING;LIST", {kLeaf}},
       {"C_SPLIT_IDX_PART;LIST", {kLeaf}},
+      // views and triggers
+      // materialized views and their logs
+      // clusters and tablespaces
+      // users, profiles and the database
+      // dimensions, operators and index types
   };
   return table;
 }

@@ -36,6 +36,11 @@
 #include "qarvelt/statements/create_simple.h"
 #include "qarvelt/statements/create_table.h"
 #include "qarvelt/statements/statement.h"
+// views and triggers
+// materialized views and their logs
+// clusters and tablespaces
+// users, profiles and the database
+// dimensions, operators and index types
 
 #include "qarvelt/util/util.h"
 
