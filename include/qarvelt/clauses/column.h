@@ -95,7 +95,8 @@ class CSQLClauseSubstitutableColumn : public Cloneable<CSQLClauseSubstitutableCo
   void init() override;
 };
 
-// VARRAY item [substitutability] [STORE AS LOB [segment] (LOB parameters)] ("VARRAY_COL_PROP").
+// VARRAY item [substitutability] [STORE AS [SECUREFILE | BASICFILE] LOB [segment] [(LOB parameters)]]
+// ("VARRAY_COL_PROP"); "VARRAY;SECUREFILE" from release code 7.
 class CSQLClauseVarrayColProp : public Cloneable<CSQLClauseVarrayColProp> {
  public:
   explicit CSQLClauseVarrayColProp(bool bInit = true, int nOraVersion = 7);
@@ -152,7 +153,7 @@ class CSQLClauseModifyColProp : public Cloneable<CSQLClauseModifyColProp> {
   void init() override;
 };
 
-// COLUMN name [NOT] [FORCE] followed by SUBSTITUTABLE AT ALL LEVELS ("C_MOD_COLUMN_SUBS").
+// COLUMN name [NOT] SUBSTITUTABLE AT ALL LEVELS [FORCE] ("C_MOD_COLUMN_SUBS").
 class CSQLClauseModifyColSubs : public Cloneable<CSQLClauseModifyColSubs> {
  public:
   explicit CSQLClauseModifyColSubs(bool bInit = true, int nOraVersion = 7);

@@ -121,8 +121,8 @@ class CSQLClauseSubPartitionSpec : public Cloneable<CSQLClauseSubPartitionSpec> 
 };
 
 // "TABLESPACE"; "OVERFLOW" (the host sets OVERFLOW) with its "TABLESPACE"; the LOB items ("LIST",
-// CSubSQLItemLOB); "VARRAY" (the varray item) with "LOB_SEGNAME", written VARRAY V SEG STORE AS LOB
-// (the postfix follows the segment name).
+// CSubSQLItemLOB); "VARRAY" (the varray item) with "SECUREFILE" (release code 7: SECUREFILE or
+// BASICFILE) and "LOB_SEGNAME", written VARRAY V STORE AS [SECUREFILE] LOB SEG.
 class CSQLClausePartitionStorage : public Cloneable<CSQLClausePartitionStorage> {
  public:
   explicit CSQLClausePartitionStorage(bool bInit = true, int nOraVersion = 7);
