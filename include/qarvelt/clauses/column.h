@@ -134,7 +134,9 @@ class CSQLClauseModifyColumn : public Cloneable<CSQLClauseModifyColumn> {
   void init() override;
 };
 
-// ( column, ... ) and ( LOB item, ... ) of MODIFY ("C_MOD_COL_PROP").
+// Of MODIFY ("C_MOD_COL_PROP"), one or the other per pass: the columns, ( column, ... ) ("LIST"),
+// or LOB storage items ("LISTLOB"), each written LOB (C) (parameters) and joined by MODIFY, so that
+// the statement reads MODIFY LOB (C1) (...) MODIFY LOB (C2) (...).
 class CSQLClauseModifyColProp : public Cloneable<CSQLClauseModifyColProp> {
  public:
   explicit CSQLClauseModifyColProp(bool bInit = true, int nOraVersion = 7);
