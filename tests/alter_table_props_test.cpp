@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
                   {"C_SHRINK;COMPACT", "COMPACT"}},
                  "SHRINK SPACE COMPACT CASCADE"},
         TreeCase{
-            "minimize", props, {{"C_RECORDS_PER_BLK;MINIMIZE", "MINIMIZE"}}, "MINIMIZE RECORDS PER BLOCK"},
+            "minimize", props, {{"C_RECORDS_PER_BLK;MINIMIZE", "MINIMIZE"}}, "MINIMIZE RECORDS_PER_BLOCK"},
         TreeCase{
             "upgrade",
             props,

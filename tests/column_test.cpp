@@ -70,10 +70,10 @@ INSTANTIATE_TEST_SUITE_P(
                  withItems<CSQLClauseModifyColumn, ModifiedColumn>("C_MOD_COL_PROP;LIST", {"SAL"}),
                  {{"C_MOD_COL_PROP;LIST;SAL;COLUMN", "SAL"}, {"C_MOD_COL_PROP;LIST;SAL;DEFAULT", "1", "0"}},
                  "MODIFY ( SAL DEFAULT 1)"},
-        TreeCase{"modify substitutability keeps its glued postfix",
+        TreeCase{"modify substitutability",
                  make<CSQLClauseModifyColumn>(7),
                  {{"C_MOD_COLUMN_SUBS;COLUMN", "C"}, {"C_MOD_COLUMN_SUBS;NOT", "NOT"}},
-                 "MODIFY COLUMN C NOTSUBSTITUTABLE AT ALL LEVELS"},
+                 "MODIFY COLUMN C NOT SUBSTITUTABLE AT ALL LEVELS"},
         TreeCase{"set unused column",
                  make<CSQLClauseColumn>(7),
                  {{"C_DROP_COLUMN;UNUSED", "UNUSED"},
@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {{"VARRAY", "V"},
                   {"VARRAY;C_SUBSTITUTABLE_COL;SUBSTITUTABLE", "SUBSTITUTABLE"},
                   {"VARRAY;C_LOB_PARAMETER;CHUNK", "8192"}},
-                 "VARRAY V SUBSTITUTABLE AT ALL LEVELS STORE AS LOB CHUNK 8192"}),
+                 "VARRAY V SUBSTITUTABLE AT ALL LEVELS STORE AS LOB (CHUNK 8192)"}),
     caseName);
 
 TEST(ColumnClauses, ColumnPropertiesByRelease) {
@@ -153,7 +153,7 @@ TEST(ColumnClauses, ColumnPropertiesByRelease) {
                  "SUBSTITUTABLE");
   seven.SetValue("LISTLOB;P2;VARRAY_COL_PROP;VARRAY", "V");
   seven.SetValue("LISTLOB;P2;VARRAY_COL_PROP;VARRAY;C_LOB_PARAMETER;CACHE", "CACHE");
-  EXPECT_EQ(trimmed(write(seven).text), "COLUMN A SUBSTITUTABLE AT ALL LEVELS VARRAY V STORE AS LOB CACHE");
+  EXPECT_EQ(trimmed(write(seven).text), "COLUMN A SUBSTITUTABLE AT ALL LEVELS VARRAY V STORE AS LOB (CACHE)");
   EXPECT_EQ(trimmed(write(*seven.Clone()).text), trimmed(write(seven).text));
 }
 

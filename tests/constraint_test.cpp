@@ -90,10 +90,10 @@ INSTANTIATE_TEST_SUITE_P(
                  make<CSQLClauseOutLineRefConstraint>(7),
                  {{"REF", "REF"}, {"REF;REFVAL", "R"}},
                  "REF (R) WITH ROWID"},
-        TreeCase{"out-of-line scope keeps its postfix last",
+        TreeCase{"out-of-line scope",
                  make<CSQLClauseOutLineRefConstraint>(7),
                  {{"SCOPE", "SCOPE"}, {"SCOPE;REFVAL", "R"}, {"SCOPE;SCHEMA", "S"}, {"SCOPE;TABLE", "T"}},
-                 "SCOPE (R) IS S.T FOR"},
+                 "SCOPE FOR (R) IS S.T"},
         TreeCase{"scoped table ref item",
                  [] {
                    auto t = make_unique<CSQLClauseScopedTabRefConstraint>();
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
                    return t;
                  },
                  {{"LIST;R;REFCOLUMN", "R"}, {"LIST;R;SCHEMA", "S"}, {"LIST;R;TABLE", "T"}},
-                 "SCOPED FOR (R) IS S.T"},
+                 "SCOPE FOR (R) IS S.T"},
         TreeCase{"using an existing index",
                  make<CSQLClauseUsingIndex>(6),
                  {{"SCHEMA", "S"}, {"INDEX", "I"}},

@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, CreateSimple, ::testing::Values(
     TreeCase{"outline", make<CSQLCreateOutline>(7),
              {{"STMT", "SELECT 1 FROM DUAL"}, {"CATEGORY", "C"}, {"FROM", "SRC"}, {"FROM_PUBLIC", "PRIVATE"},
               {"OUTLINE", "O"}, {"PUBLIC", "PUBLIC"}},
-             "CREATE PUBLIC OUTLINE O FROM PRIVATE SRC CATEGORY C ON SELECT 1 FROM DUAL"},
+             "CREATE PUBLIC OUTLINE O FROM PRIVATE SRC FOR CATEGORY C ON SELECT 1 FROM DUAL"},
     TreeCase{"type", make<CSQLCreateType>(7),
              {{"SOURCE", "AS OBJECT (A NUMBER)"}, {"TYPE", "T"}, {"SCHEMA", "S"}},
              "CREATE TYPE S.T AS OBJECT (A NUMBER)"},

@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
                   {"C_MOD_LOB_PARAMETER;PCTVERSION", "10"}},
                  "MODIFY LOB (C) (PCTVERSION 10 CACHE)"},
         TreeCase{
-            "modifiable parameters in tree order, rebuild glued to freepools",
+            "modifiable parameters in tree order",
             make<CSQLClauseModifyLOBParameter>(7),
             {{"C_DEALLOCATE_UNUSED;UNUSED", "UNUSED"},
              {"CACHE;LOGGING", "NOLOGGING"},
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
              {"RETENTION", "RETENTION"},
              {"PCTVERSION", "5"},
              {"C_STORAGE;MAXEXTENTS", "9"}},
-            "STORAGE (MAXEXTENTS 9) PCTVERSION 5 RETENTION FREEPOOLS 4 REBUILDFREEPOOLS NOCACHE NOLOGGING "
+            "STORAGE (MAXEXTENTS 9) PCTVERSION 5 RETENTION FREEPOOLS 4 REBUILD FREEPOOLS NOCACHE NOLOGGING "
             "DEALLOCATE UNUSED"}),
     caseName);
 
@@ -97,8 +97,8 @@ TEST(LOBClauses, LOBAndVarrayItems) {
   struct {
     const char *leaf, *value, *parameter, *expected;
   } const forms[] = {
-      {"LOB", "C", "LOB;C_LOB_PARAMETER;TABLESPACE", "LOB (C TABLESPACE X)"},
-      {"VARRAY", "V", "VARRAY;C_LOB_PARAMETER;CHUNK", "VARRAY V CHUNK X"},
+      {"LOB", "C", "LOB;C_LOB_PARAMETER;TABLESPACE", "LOB (C) (TABLESPACE X)"},
+      {"VARRAY", "V", "VARRAY;C_LOB_PARAMETER;CHUNK", "VARRAY V (CHUNK X)"},
   };
   for (auto make : {&at<CSQLClauseLOBItem>, &at<CSQLClauseLOBItemB>}) {
     for (const auto& f : forms) {

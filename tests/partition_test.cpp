@@ -88,10 +88,10 @@ INSTANTIATE_TEST_SUITE_P(
                   {"C_RANGE_PART;LISTSUB;P2;PARTITION", "P2"}},
                  "PARTITION BY RANGE (A) ( PARTITION P1 VALUES LESS THAN (10) TABLESPACE TS1,"
                  "PARTITION P2 VALUES LESS THAN (MAXVALUE))"},
-        TreeCase{"hash partitions by quantity keep the overflow spelling",
+        TreeCase{"hash partitions by quantity with overflow tablespaces",
                  hashTable,
                  {{"C_HASH_PART;C_BY_QUANTITY;QUANTITY", "4"}},
-                 "PARTITION BY HASH (A) PARTITIONS 4 STORE IN (T1,T2) OVERFOLW STORE IN (T3)"},
+                 "PARTITION BY HASH (A) PARTITIONS 4 STORE IN (T1,T2) OVERFLOW STORE IN (T3)"},
         TreeCase{"hash partitions by name come before a quantity",
                  [] {
                    auto t = hashTable();
@@ -124,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "DEFAULT"},
                   {"C_COMPOSITE_PART;LISTSUB;P1;PARTITION", "P1"}},
                  "PARTITION BY RANGE (A) SUBPARTITION BY LIST (B) "
-                 "( SUBPARTITION S1 VALUES ('X'),SUBPARTITION S2 VALUES (DEFAULT)) "
+                 "SUBPARTITION TEMPLATE ( SUBPARTITION S1 VALUES ('X'),SUBPARTITION S2 VALUES (DEFAULT)) "
                  "( PARTITION P1 VALUES LESS THAN (MAXVALUE))"},
         TreeCase{"range partition with its own subpartitions",
                  [] {
@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
                   {"VARRAY", "V"},
                   {"VARRAY;LOB_SEGNAME", "VSEG"}},
                  "TABLESPACE T OVERFLOW TABLESPACE T2 LOB (C) STORE AS SEG (TABLESPACE T3) "
-                 "LOB (D) STORE AS (TABLESPACE T4) VARRAY V VSEG STORE AS LOB"},
+                 "LOB (D) STORE AS (TABLESPACE T4) VARRAY V STORE AS LOB VSEG"},
         TreeCase{"partition description with subpartition specs",
                  [] {
                    auto d = make_unique<CSQLClauseTabPartitionDesc>();

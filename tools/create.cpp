@@ -721,10 +721,6 @@ void Writer::partitioning(TreeFiller& f) {
       RequireRelease(m_release, 4, sub + ".template", "a subpartition template");
       for (std::size_t i = 0; i < p.subtemplate.size(); ++i)
         subpartition(f, templ, p.subtemplate[i], i, at(sub + ".template", i));
-      // The table-level template list opens with a bare bracket, which Oracle reads as the partition
-      // list: it needs its keywords in front.
-      CSQLClause* list = f.Node(templ);
-      if (list != nullptr && list->GetPrefix() == "(") list->SetPrefix("SUBPARTITION TEMPLATE (");
     }
   } else if (p.type == "RANGE") {
     base = kPartitioning + ";C_RANGE_PART";

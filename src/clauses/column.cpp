@@ -1,5 +1,6 @@
 #include "qarvelt/clauses/column.h"
 
+#include "lob_lists.h"
 #include "object_property.h"
 #include "qarvelt/clauses/constraint.h"
 #include "qarvelt/clauses/lob.h"
@@ -100,8 +101,10 @@ CSQLClauseModifyColProp::CSQLClauseModifyColProp(bool bInit, int nOraVersion) : 
   setup("C_MOD_COL_PROP", bInit);
 }
 
+// Columns, MODIFY (C NUMBER), or LOB storage, MODIFY LOB (C) (CACHE): Oracle takes one or the other
+// in a statement, so they are alternatives. Each further LOB item brings its own MODIFY.
 void CSQLClauseModifyColProp::init() {
-  attach(this, list("LIST", ",", "(", ")"), list("LISTLOB", ",", "(", ")"));
+  attach(this, Or(list("LIST", ",", "(", ")"), lobItems("LISTLOB", " MODIFY ", LOBPlace::Attributes)));
 }
 
 CSQLClauseModifyColProp::CSubSQLClauseColumn::CSubSQLClauseColumn(const char* name)
@@ -123,9 +126,11 @@ CSQLClauseModifyColSubs::CSQLClauseModifyColSubs(bool bInit, int nOraVersion) : 
 }
 
 void CSQLClauseModifyColSubs::init() {
-  // The postfix follows the last leaf without a blank; hosts that need one give it in the value.
-  attach(this,
-         And({"", "SUBSTITUTABLE AT ALL LEVELS"}, leaf("COLUMN", "COLUMN "), leaf("NOT"), leaf("FORCE")));
+  // COLUMN C [NOT] SUBSTITUTABLE AT ALL LEVELS [FORCE]: the keywords close the inner container, so
+  // FORCE comes after them.
+  attach(
+      this,
+      And(And({"", " SUBSTITUTABLE AT ALL LEVELS"}, leaf("COLUMN", "COLUMN "), leaf("NOT")), leaf("FORCE")));
 }
 
 CSQLClauseDropColumn::CSQLClauseDropColumn(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
@@ -254,11 +259,15 @@ CSQLClauseVarrayColProp::CSQLClauseVarrayColProp(bool bInit, int nOraVersion) : 
 
 void CSQLClauseVarrayColProp::init() {
   const int v = GetOraVersion();
-  // STORE AS LOB [segment] (parameters), or the parameters alone.
+  // STORE AS [SECUREFILE | BASICFILE] LOB, then a segment with or without parameters, or the
+  // parameters alone, always in brackets. Oracle 11g introduced SECUREFILE ("SECUREFILE" holds
+  // SECUREFILE or BASICFILE).
   auto storeAsLob = [v] {
-    return Or({"STORE AS LOB ", ""},
-              leaf("SEGNAME").with(And({"(", ")"}, clause<CSQLClauseLOBParameter>(v))),
-              clause<CSQLClauseLOBParameter>(v));
+    return And({"STORE AS", ""},
+               when(v >= 7, leaf("SECUREFILE")),
+               Or({"LOB", ""},
+                  leaf("SEGNAME").with(And({"(", ")"}, clause<CSQLClauseLOBParameter>(v))),
+                  And({"(", ")"}, clause<CSQLClauseLOBParameter>(v))));
   };
   auto substitutable = [v] { return clause<CSQLClauseSubstitutableColumn>(v); };
   if (v < 6) {

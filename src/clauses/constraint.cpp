@@ -88,7 +88,7 @@ CSQLClauseOutLineRefConstraint::CSQLClauseOutLineRefConstraint(bool bInit, int n
 
 void CSQLClauseOutLineRefConstraint::init() {
   attach(this,
-         Or(leaf("SCOPE", "", "", " FOR")
+         Or(leaf("SCOPE", "", " FOR")
                 .with(leaf("REFVAL", "(", "", ") IS"), leaf("SCHEMA", "", "."), leaf("TABLE")),
             leaf("REF").with(leaf("REFVAL", "(", "", ") WITH ROWID")),
             And(constraintName(),
@@ -131,7 +131,7 @@ CSQLClauseScopedTabRefConstraint::CSubSQLItem::CSubSQLItem(bool /*bInit*/, int n
 
 void CSQLClauseScopedTabRefConstraint::CSubSQLItem::init() {
   attach(this,
-         Or({"SCOPED FOR (", ") IS"}, leaf("REFCOLUMN"), leaf("REFATTR")),
+         Or({"SCOPE FOR (", ") IS"}, leaf("REFCOLUMN"), leaf("REFATTR")),
          leaf("SCHEMA", "", "", "."),
          leaf("TABLE"));
 }

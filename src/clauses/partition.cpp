@@ -1,5 +1,6 @@
 #include "qarvelt/clauses/partition.h"
 
+#include "lob_lists.h"
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/core/builder.h"
 
@@ -56,15 +57,21 @@ class CSQLClauseByQuantity : public Cloneable<CSQLClauseByQuantity> {
 };
 
 // "C_SUBPART_TEMPLATE": the subpartitions every partition gets (CSubSQLItemTemplate items), or a
-// partition-level subpartitioning.
+// partition-level subpartitioning. After the table's subpartitioning (`tableLevel`) the
+// descriptions are a template, opened by SUBPARTITION TEMPLATE; below a partition the same node
+// lists that partition's own subpartitions in bare brackets.
 class CSQLClauseSubpartTemplate : public Cloneable<CSQLClauseSubpartTemplate> {
  public:
-  explicit CSQLClauseSubpartTemplate(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+  explicit CSQLClauseSubpartTemplate(bool bInit = true, int nOraVersion = 7, bool tableLevel = false)
+      : Cloneable(nOraVersion), m_tableLevel(tableLevel) {
     setup("C_SUBPART_TEMPLATE", bInit);
   }
 
  protected:
   void init() override;
+
+ private:
+  bool m_tableLevel;
 };
 
 // "C_SUBPART_BY_LIST": SUBPARTITION BY LIST (C) and a template.
@@ -97,6 +104,17 @@ Node commaList(const char* name, const char* prefix = "(") {
 // SUBPARTITIONS 4 STORE IN (T1,T2): "QUANTITY" and its tablespaces "QUANTITY;LIST".
 Node subpartitionsByQuantity() {
   return And({"SUBPARTITIONS", ""}, leaf("QUANTITY").with(commaList("LIST", "STORE IN (")));
+}
+
+// SUBPARTITIONS 4 STORE IN (T1,T2), or the subpartitions one by one ("LIST", opened by `open`).
+Node subpartitionsOfPartition(const char* open) {
+  return Or(leaf("SUBPARTITIONS", "SUBPARTITIONS ").with(commaList("LIST", "STORE IN (")),
+            commaList("LIST", open));
+}
+
+// The template of the table's subpartitioning.
+Node subpartitionTemplate() {
+  return node(new CSQLClauseSubpartTemplate(true, 7, true));
 }
 
 // What the attributes of a partition, and of its overflow segment, may change.
@@ -147,7 +165,7 @@ void CSQLClauseByQuantity::init() {
   attach(this,
          leaf("QUANTITY", "PARTITIONS "),
          commaList("LIST", "STORE IN ("),
-         commaList("LISTOVERFLOW", "OVERFOLW STORE IN ("));
+         commaList("LISTOVERFLOW", "OVERFLOW STORE IN ("));
 }
 
 void CSQLClauseListPart::init() {
@@ -164,18 +182,27 @@ void CSQLClauseCompositePart::init() {
 
 // The column leaf closes its own bracket, so the template follows it as a sibling.
 void CSQLClauseSubpartByList::init() {
-  attach(this, leaf("COLUMN", "SUBPARTITION BY LIST (", "", ")"), clause<CSQLClauseSubpartTemplate>(7));
+  attach(this, leaf("COLUMN", "SUBPARTITION BY LIST (", "", ")"), subpartitionTemplate());
 }
 
 void CSQLClauseSubpartByHash::init() {
   attach(this,
          And({"SUBPARTITION BY HASH", ""},
              commaList("LIST"),
-             Or(subpartitionsByQuantity(), clause<CSQLClauseSubpartTemplate>(7))));
+             Or(subpartitionsByQuantity(), subpartitionTemplate())));
 }
 
+// At table level the descriptions in either list, "LIST" or "C_PART_LEVEL_SUBPART;LIST", open the
+// template: SUBPARTITION TEMPLATE (SUBPARTITION S1 VALUES ('A'), ...).
 void CSQLClauseSubpartTemplate::init() {
-  attach(this, Or(commaList("LIST"), clause<CSQLClausePartLevelSubpart>(7)));
+  constexpr const char* kTemplate = "SUBPARTITION TEMPLATE (";
+  if (m_tableLevel) {
+    attach(
+        this,
+        Or(commaList("LIST", kTemplate), named("C_PART_LEVEL_SUBPART", subpartitionsOfPartition(kTemplate))));
+  } else {
+    attach(this, Or(commaList("LIST"), clause<CSQLClausePartLevelSubpart>(7)));
+  }
 }
 
 CSQLClausePartLevelSubpart::CSQLClausePartLevelSubpart(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
@@ -183,9 +210,7 @@ CSQLClausePartLevelSubpart::CSQLClausePartLevelSubpart(bool bInit, int nOraVersi
 }
 
 void CSQLClausePartLevelSubpart::init() {
-  attach(
-      this,
-      Or(leaf("SUBPARTITIONS", "SUBPARTITIONS ").with(commaList("LIST", "STORE IN (")), commaList("LIST")));
+  attach(this, subpartitionsOfPartition("("));
 }
 
 // ---- partition items ----------------------------------------------------------------------------
@@ -309,14 +334,15 @@ CSQLClausePartitionStorage::CSQLClausePartitionStorage(bool bInit, int nOraVersi
   setup("C_PARTITION_STORAGE", bInit);
 }
 
-// The varray leaf writes its segment name (a child) before its postfix " STORE AS LOB"; hosts fill
-// the leaves accordingly.
+// VARRAY V STORE AS [SECUREFILE | BASICFILE] LOB SEG: the segment name brings the LOB keyword, as
+// Oracle 11g's SECUREFILE or BASICFILE ("SECUREFILE") comes between STORE AS and LOB.
 void CSQLClausePartitionStorage::init() {
   attach(this,
          leaf("TABLESPACE", "TABLESPACE "),
          leaf("OVERFLOW").with(leaf("TABLESPACE", "TABLESPACE ")),
          list("LIST", " ", "", ""),
-         leaf("VARRAY", "VARRAY ", "", " STORE AS LOB").with(leaf("LOB_SEGNAME")));
+         leaf("VARRAY", "VARRAY ", " STORE AS")
+             .with(when(GetOraVersion() >= 7, leaf("SECUREFILE")), leaf("LOB_SEGNAME", "LOB ")));
 }
 
 CSQLClausePartitionStorage::CSubSQLItemLOB::CSubSQLItemLOB(const char* name) : Cloneable(kLatestRelease) {
@@ -345,7 +371,7 @@ void CSQLClausePartitionAttribute::init() {
          segmentChanges(GetOraVersion()),
          leaf("OVERFLOW").with(segmentChanges(GetOraVersion())),
          leaf("COMPRESS"),
-         list("LIST", " ", "", ""));
+         lobItems("LIST", " ", LOBPlace::Attributes));
 }
 
 CSQLClauseTabPartitionDesc::CSQLClauseTabPartitionDesc(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
@@ -358,7 +384,7 @@ void CSQLClauseTabPartitionDesc::init() {
          leaf("COMPRESS"),
          clause<CSQLClauseKeyCompression>(7),
          leaf("OVERFLOW", "OVERFLOW ").with(clause<CSQLClauseSegmentAttribute>(7)),
-         list("LIST", " ", "", ""),
+         lobItems("LIST", " ", LOBPlace::Storage),
          clause<CSQLClausePartLevelSubpart>(7));
 }
 
@@ -400,7 +426,7 @@ void CSQLClauseAddHashSubPartition::init() {
   attach(this,
          And({"ADD ", ""},
              clause<CSQLClauseSubPartitionSpec>(7),
-             leaf("UPDATE", "", "", " GLOBAL INDEXES"),
+             leaf("UPDATE", "", " GLOBAL INDEXES"),
              clause<CSQLClauseParallel>(7)));
 }
 

@@ -1,5 +1,6 @@
 #include "qarvelt/clauses/table_props.h"
 
+#include "lob_lists.h"
 #include "qarvelt/clauses/column.h"
 #include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
@@ -274,7 +275,7 @@ void CSQLClauseMoveTable::init() {
                   clause<CSQLClauseSegmentAttribute>(v),
                   clause<CSQLClauseKeyCompression>(v),
                   clause<CSQLClauseIdxOrgTable>(v),
-                  list("LIST", " ", "", ""),
+                  lobItems("LIST", " ", LOBPlace::Storage),
                   clause<CSQLClauseParallel>(v))));
 }
 

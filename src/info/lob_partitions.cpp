@@ -246,9 +246,8 @@ int CSQLInfoLOBPartitions::modifyStatement(Run& run, const std::string& partitio
       }
     }
     const std::string column = item->GetName();
+    // Appended to a partition's attributes, the item is written LOB (c) (...), without MODIFY.
     auto lob = std::make_unique<CSQLClauseModifyLOBStorage>(column.c_str());
-    // The library's item writes MODIFY LOB (c); inside MODIFY PARTITION it is LOB (c).
-    if (CSQLClause* leaf = lob->GetClause("LOBITEM")) leaf->SetPrefix("LOB (");
     run.set(lob.get(), "LOBITEM", column);
     const std::string parameter = "C_MOD_LOB_PARAMETER;";
     for (const char* name : kParameterInPlace)

@@ -1,5 +1,6 @@
 #include "qarvelt/statements/alter_table_partition.h"
 
+#include "../clauses/lob_lists.h"
 #include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/clauses/table_props.h"
@@ -40,9 +41,10 @@ Node exchangePartition();
 
 // ---- blocks that several operations share -------------------------------------------------------
 
-// UPDATE GLOBAL INDEXES: the host sets UPDATE (or INVALIDATE).
+// UPDATE GLOBAL INDEXES: the host sets UPDATE (or INVALIDATE). The keywords are the suffix, so that
+// a parallel clause hung below the leaf follows them: UPDATE GLOBAL INDEXES PARALLEL 2.
 Node updateIndexes() {
-  return leaf("UPDATE", "", "", " GLOBAL INDEXES");
+  return leaf("UPDATE", "", " GLOBAL INDEXES");
 }
 
 Node parallel() {
@@ -70,11 +72,12 @@ Node splitInto() {
   return And({"INTO (", ")"}, node(new NewPart("SPEC1")), And({",", ""}, node(new NewPart("SPEC2"))));
 }
 
-// MERGE PARTITIONS a b INTO the new one: the host writes the separator between the two names into a value.
+// MERGE PARTITIONS a b INTO the new one (SUBPARTITIONS for subpartitions): the host writes the
+// separator between the two names into a value.
 template <class NewPart>
-Node mergeInto(const char* name) {
+Node mergeInto(const char* name, const char* keywords) {
   return named(name,
-               leaf("PARTITION1", "MERGE PARTITIONS "),
+               leaf("PARTITION1", keywords),
                leaf("PARTITION2"),
                And({"INTO ", ""}, clause<NewPart>(kLatestRelease)),
                updateIndexes(),
@@ -92,7 +95,7 @@ Node modifyDefaultAttributes() {
                    leaf("PCTTHRESHOLD", "PCTTHRESHOLD "),
                    clause<CSQLClauseKeyCompression>(kLatestRelease),
                    clause<CSQLClauseAlterOverflow>(kLatestRelease),
-                   list("LIST", " ", "", "")));
+                   lobItems("LIST", " ", LOBPlace::Attributes)));
 }
 
 Node setSubpartitionTemplate() {
@@ -106,13 +109,13 @@ Node modifyPartition() {
                    .with(Or(modifyRangePartition(), modifyHashPartition(), modifyListPartition())));
 }
 
-// COALESCE SUBPARTITION: the postfix follows the leaf's children, UPDATE and C_PARALLEL.
+// COALESCE SUBPARTITION, then the leaf's children UPDATE and C_PARALLEL.
 Node modifyRangePartition() {
   return named("C_MOD_RANGE_PART",
                Or(clause<CSQLClausePartitionAttribute>(kLatestRelease),
                   clause<CSQLClauseAddHashSubPartition>(kLatestRelease),
                   clause<CSQLClauseAddListSubPartition>(kLatestRelease),
-                  leaf("COALESCE", "", "", " SUBPARTITION").with(updateIndexes(), parallel()),
+                  leaf("COALESCE", "", " SUBPARTITION").with(updateIndexes(), parallel()),
                   clause<CSQLClauseAlterMappingTable>(kLatestRelease),
                   rebuildUnusable()));
 }
@@ -138,12 +141,12 @@ Node modifySubpartition() {
                    .with(Or(modifyHashSubpartition(), modifyListSubpartition())));
 }
 
-// The "LIST" holds the host's LOB and varray items, separated by blanks.
+// The "LIST" holds the host's LOB and varray items, separated by blanks: LOB (C) (CACHE).
 Node modifyHashSubpartition() {
   return named("C_MOD_HASH_SUBPART",
                Or(clause<CSQLClauseAllocateExtent>(kLatestRelease),
                   clause<CSQLClauseDeallocateUnused>(kLatestRelease),
-                  list("LIST", " ", "", ""),
+                  lobItems("LIST", " ", LOBPlace::Attributes),
                   rebuildUnusable()));
 }
 
@@ -152,7 +155,7 @@ Node modifyListSubpartition() {
   return named("C_MOD_LIST_SUBPART",
                Or(clause<CSQLClauseAllocateExtent>(kLatestRelease),
                   clause<CSQLClauseDeallocateUnused>(kLatestRelease),
-                  list("LIST", " ", "", ""),
+                  lobItems("LIST", " ", LOBPlace::Attributes),
                   rebuildUnusable(),
                   leaf("ADD").with(valueList())));
 }
@@ -246,12 +249,11 @@ Node splitSubpartition() {
 }
 
 Node mergePartitions() {
-  return mergeInto<CSQLClausePartitionSpec>("C_MERGE_TABLE_PART");
+  return mergeInto<CSQLClausePartitionSpec>("C_MERGE_TABLE_PART", "MERGE PARTITIONS ");
 }
 
-// Written MERGE PARTITIONS as well, not MERGE SUBPARTITIONS.
 Node mergeSubpartitions() {
-  return mergeInto<CSQLClauseSubPartitionSpec>("C_MERGE_TABLE_SUBPART");
+  return mergeInto<CSQLClauseSubPartitionSpec>("C_MERGE_TABLE_SUBPART", "MERGE SUBPARTITIONS ");
 }
 
 // "TABLE" holds everything up to VALIDATION: WITH TABLE T2 INCLUDING INDEXES WITHOUT.

@@ -19,9 +19,9 @@ Node upgradeTable() {
       leaf("UPGRADE").with(leaf("INCLUDING", "", " DATA "), clause<CSQLClauseColumnProp>(kLatestRelease)));
 }
 
-// MINIMIZE or NOMINIMIZE RECORDS PER BLOCK.
+// MINIMIZE or NOMINIMIZE RECORDS_PER_BLOCK.
 Node recordsPerBlock() {
-  return named("C_RECORDS_PER_BLK", leaf("MINIMIZE", "", " RECORDS PER BLOCK"));
+  return named("C_RECORDS_PER_BLK", leaf("MINIMIZE", "", " RECORDS_PER_BLOCK"));
 }
 
 // ENABLE or DISABLE ROW MOVEMENT.

@@ -152,13 +152,13 @@ CSQLCreateOutline::CSQLCreateOutline(bool bInit, int nOraVersion) : CreateStatem
   setup("C_CREATE_OUTLINE", bInit);
 }
 
+// The source outline is FROM [PUBLIC | PRIVATE] O: FROM opens whichever of the two is written.
 void CSQLCreateOutline::init() {
   attach(this,
          And(leaf("PUBLIC"),
              leaf("OUTLINE", "OUTLINE "),
-             leaf("FROM_PUBLIC", "FROM "),
-             leaf("FROM"),
-             leaf("CATEGORY", "CATEGORY "),
+             And({"FROM", ""}, leaf("FROM_PUBLIC"), leaf("FROM")),
+             leaf("CATEGORY", "FOR CATEGORY "),
              leaf("STMT", "ON ")));
 }
 

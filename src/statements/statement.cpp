@@ -18,8 +18,11 @@ int DropEmptyAlter(CSQLClause& root, std::string& text, const char* verb, const 
     CSQLClause* leaf = root.GetClause(path);
     return leaf != nullptr ? leaf->GetValue() : std::string();
   };
-  const std::string bareHead = head + " " + valueOf("SCHEMA") + "." + valueOf(nameLeaf);
-  if (text == head || text == bareHead) text.clear();
+  // The name as written: SCOTT.EMP, or EMP alone when the schema is not written.
+  const std::string name = valueOf(nameLeaf);
+  const std::string bareHead = head + " " + valueOf("SCHEMA") + "." + name;
+  const std::string unqualifiedHead = head + " " + name;
+  if (text == head || text == bareHead || text == unqualifiedHead) text.clear();
   return SQL_OK;
 }
 

@@ -95,7 +95,8 @@ class CSQLClauseSubstitutableColumn : public Cloneable<CSQLClauseSubstitutableCo
   void init() override;
 };
 
-// VARRAY item [substitutability] [STORE AS LOB [segment] (LOB parameters)] ("VARRAY_COL_PROP").
+// VARRAY item [substitutability] [STORE AS [SECUREFILE | BASICFILE] LOB [segment] [(LOB parameters)]]
+// ("VARRAY_COL_PROP"); "VARRAY;SECUREFILE" from release code 7.
 class CSQLClauseVarrayColProp : public Cloneable<CSQLClauseVarrayColProp> {
  public:
   explicit CSQLClauseVarrayColProp(bool bInit = true, int nOraVersion = 7);
@@ -133,7 +134,9 @@ class CSQLClauseModifyColumn : public Cloneable<CSQLClauseModifyColumn> {
   void init() override;
 };
 
-// ( column, ... ) and ( LOB item, ... ) of MODIFY ("C_MOD_COL_PROP").
+// Of MODIFY ("C_MOD_COL_PROP"), one or the other per pass: the columns, ( column, ... ) ("LIST"),
+// or LOB storage items ("LISTLOB"), each written LOB (C) (parameters) and joined by MODIFY, so that
+// the statement reads MODIFY LOB (C1) (...) MODIFY LOB (C2) (...).
 class CSQLClauseModifyColProp : public Cloneable<CSQLClauseModifyColProp> {
  public:
   explicit CSQLClauseModifyColProp(bool bInit = true, int nOraVersion = 7);
@@ -152,7 +155,7 @@ class CSQLClauseModifyColProp : public Cloneable<CSQLClauseModifyColProp> {
   void init() override;
 };
 
-// COLUMN name [NOT] [FORCE] followed by SUBSTITUTABLE AT ALL LEVELS ("C_MOD_COLUMN_SUBS").
+// COLUMN name [NOT] SUBSTITUTABLE AT ALL LEVELS [FORCE] ("C_MOD_COLUMN_SUBS").
 class CSQLClauseModifyColSubs : public Cloneable<CSQLClauseModifyColSubs> {
  public:
   explicit CSQLClauseModifyColSubs(bool bInit = true, int nOraVersion = 7);

@@ -4,9 +4,13 @@
 //   C_LOB_STORAGE        LOB (C) STORE AS SEG (TABLESPACE X CHUNK 8192), LOB (C1,C2) STORE AS (...)
 //   C_LOB_PARAMETER      TABLESPACE, ENABLE / DISABLE STORAGE IN ROW, STORAGE (...), CHUNK, PCTVERSION,
 //                        RETENTION, FREEPOOLS, CACHE / NOCACHE / CACHE READS with LOGGING / NOLOGGING
-//   C_LOB_ITEM           a LOB column or a varray column with its parameters
+//   C_LOB_ITEM           a LOB column or a varray column with its parameters: LOB (C) (TABLESPACE X)
 //   C_LOB_ITEMB          the same, the parameters in a container so that a host can add beside them
 //   C_MOD_LOB_STORAGE    MODIFY LOB (C) (PCTVERSION 10 CACHE)
+//
+// A list of LOB items written where storage is described (a partition's description, MOVE) writes
+// its items LOB (C) STORE AS (...) and VARRAY V STORE AS LOB (...); a list where the attributes of a
+// partition, a subpartition or a column change writes them LOB (C) (...), without MODIFY or STORE AS.
 //   C_MOD_LOB_PARAMETER  the parameters that MODIFY LOB can change, extents included
 //
 // Both parameter classes build their storage clause at release code 0, whatever their own code, so a
@@ -40,7 +44,8 @@ class CSQLClauseLOBParameter : public Cloneable<CSQLClauseLOBParameter> {
   void init() override;
 };
 
-// "LOB" (the column, written LOB (C ... )) or "VARRAY", each with a C_LOB_PARAMETER below it.
+// "LOB" (the column, written LOB (C) (...)) or "VARRAY" (VARRAY V (...)), each with a C_LOB_PARAMETER
+// below it, in brackets.
 class CSQLClauseLOBItem : public Cloneable<CSQLClauseLOBItem> {
  public:
   explicit CSQLClauseLOBItem(bool bInit = true, int nOraVersion = 7);
@@ -70,7 +75,7 @@ class CSQLClauseModifyLOBStorage : public Cloneable<CSQLClauseModifyLOBStorage> 
   void init() override;
 };
 
-// "REBUILD" writes its value glued to FREEPOOLS: a host that wants REBUILD FREEPOOLS sets "REBUILD ".
+// "REBUILD" holds REBUILD and is written REBUILD FREEPOOLS.
 class CSQLClauseModifyLOBParameter : public Cloneable<CSQLClauseModifyLOBParameter> {
  public:
   explicit CSQLClauseModifyLOBParameter(bool bInit = true, int nOraVersion = 7);

@@ -121,8 +121,8 @@ class CSQLClauseSubPartitionSpec : public Cloneable<CSQLClauseSubPartitionSpec> 
 };
 
 // "TABLESPACE"; "OVERFLOW" (the host sets OVERFLOW) with its "TABLESPACE"; the LOB items ("LIST",
-// CSubSQLItemLOB); "VARRAY" (the varray item) with "LOB_SEGNAME", written VARRAY V SEG STORE AS LOB
-// (the postfix follows the segment name).
+// CSubSQLItemLOB); "VARRAY" (the varray item) with "SECUREFILE" (release code 7: SECUREFILE or
+// BASICFILE) and "LOB_SEGNAME", written VARRAY V STORE AS [SECUREFILE] LOB SEG.
 class CSQLClausePartitionStorage : public Cloneable<CSQLClausePartitionStorage> {
  public:
   explicit CSQLClausePartitionStorage(bool bInit = true, int nOraVersion = 7);
@@ -145,7 +145,8 @@ class CSQLClausePartitionStorage : public Cloneable<CSQLClausePartitionStorage> 
 
 // The physical attributes (built with this clause's release code), "LOGGING", "C_ALLOCATE_EXTENT"
 // and "C_DEALLOCATE_UNUSED"; "OVERFLOW" (the host sets OVERFLOW) followed by the same four for the
-// overflow segment; "COMPRESS" (COMPRESS or NOCOMPRESS); "LIST" of LOB and varray items.
+// overflow segment; "COMPRESS" (COMPRESS or NOCOMPRESS); "LIST" of LOB and varray items, written
+// LOB (C) (CACHE).
 class CSQLClausePartitionAttribute : public Cloneable<CSQLClausePartitionAttribute> {
  public:
   explicit CSQLClausePartitionAttribute(bool bInit = true, int nOraVersion = 7);
@@ -155,7 +156,7 @@ class CSQLClausePartitionAttribute : public Cloneable<CSQLClausePartitionAttribu
 };
 
 // "C_SEG_ATTRIBUTE"; "COMPRESS" (table compression: COMPRESS or NOCOMPRESS) and "C_KEY_COMPRESSION";
-// "OVERFLOW" with its own "C_SEG_ATTRIBUTE"; "LIST" of LOB and varray items;
+// "OVERFLOW" with its own "C_SEG_ATTRIBUTE"; "LIST" of LOB and varray items (LOB (C) STORE AS (...));
 // "C_PART_LEVEL_SUBPART".
 //
 // The "OVERFLOW" leaf carries the keyword in its prefix, so its value is written after OVERFLOW: a

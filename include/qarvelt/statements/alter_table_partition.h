@@ -18,18 +18,17 @@
 //   C_SPLIT_TABLE_PART       SPLIT PARTITION P1 AT (10) INTO (PARTITION P1A , PARTITION P1B)
 //   C_SPLIT_TABLE_SUBPART    SPLIT SUBPARTITION S1 VALUES ('A') INTO ( ... )
 //   C_MERGE_TABLE_PART       MERGE PARTITIONS P1, P2 INTO PARTITION P12
-//   C_MERGE_TABLE_SUBPART    the same for subpartitions, written with MERGE PARTITIONS too
+//   C_MERGE_TABLE_SUBPART    MERGE SUBPARTITIONS S1, S2 INTO SUBPARTITION S12
 //   C_EXCHANGE_PART_SUBPART  EXCHANGE PARTITION P1 WITH TABLE T2 INCLUDING INDEXES WITHOUT VALIDATION
 //
 // The leaf that names the partition carries the operation's keywords, so setting the name is what
 // writes them ("C_DROP_TAB_PART;PARTITION"); the rest of an operation is usually that leaf's
-// children ("C_DROP_TAB_PART;PARTITION;UPDATE"). Keyword leaves hold their own keyword and write it
-// before their postfix: "UPDATE" holds UPDATE (UPDATE GLOBAL INDEXES), "UNUSABLE" holds UNUSABLE
+// children ("C_DROP_TAB_PART;PARTITION;UPDATE"). Keyword leaves hold their own keyword and write the
+// words that follow it: "UPDATE" holds UPDATE (UPDATE GLOBAL INDEXES), "UNUSABLE" holds UNUSABLE
 // (written after REBUILD: REBUILD UNUSABLE LOCAL INDEXES), "COALESCE", "DROP" (DROP STORAGE),
-// "MAPPING" (MAPPING TABLE). A leaf's postfix follows its children, so where "C_PARALLEL" is a child
-// of "UPDATE" (drop, truncate, exchange) a degree set together with UPDATE is written between UPDATE
-// and GLOBAL INDEXES. The exchange target "TABLE" takes everything up to VALIDATION as its value
-// (WITH TABLE T2 INCLUDING INDEXES WITHOUT).
+// "MAPPING" (MAPPING TABLE). Where "C_PARALLEL" is a child of "UPDATE" (drop, truncate, exchange) a
+// degree follows the whole clause: UPDATE GLOBAL INDEXES PARALLEL 2. The exchange target "TABLE"
+// takes everything up to VALIDATION as its value (WITH TABLE T2 INCLUDING INDEXES WITHOUT).
 #ifndef QARVELT_STATEMENTS_ALTER_TABLE_PARTITION_H
 #define QARVELT_STATEMENTS_ALTER_TABLE_PARTITION_H
 

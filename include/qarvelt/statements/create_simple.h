@@ -112,8 +112,8 @@ class CSQLCreateRollback : public CreateStatement<CSQLCreateRollback> {
   void init() override;
 };
 
-// PUBLIC, OUTLINE, FROM_PUBLIC (written after "FROM "), FROM (the source outline), CATEGORY and STMT
-// (the statement, after "ON ").
+// PUBLIC, OUTLINE, FROM_PUBLIC and FROM (the source outline, written FROM [PUBLIC | PRIVATE] O),
+// CATEGORY (written FOR CATEGORY C) and STMT (the statement, after "ON ").
 class CSQLCreateOutline : public CreateStatement<CSQLCreateOutline> {
  public:
   explicit CSQLCreateOutline(bool bInit = true, int nOraVersion = 7);

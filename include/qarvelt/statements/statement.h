@@ -6,8 +6,8 @@
 //
 // ALTER statements derive from AlterStatement, which opens the text with the verb (Derived::kVerb,
 // "ALTER TABLE") and, once the tree is written, empties a text that holds nothing but the head:
-// the verb alone, or the verb with "SCHEMA" + "." + the name leaf (Derived::kNameLeaf). An ALTER that
-// alters nothing is never written.
+// the verb alone, or the verb with "SCHEMA" + "." + the name leaf (Derived::kNameLeaf), or the verb
+// with the name alone (no schema written). An ALTER that alters nothing is never written.
 #ifndef QARVELT_STATEMENTS_STATEMENT_H
 #define QARVELT_STATEMENTS_STATEMENT_H
 
