@@ -85,19 +85,19 @@ const WriterCase kCases[] = {
      [] { return with(make_unique<CSQLContOR>("MODIFY (", ")"), valued("B", "b")); }, "*", 0, "MODIFY (b)"},
     {"OR with nothing set",
      [] { return with(make_unique<CSQLContOR>("MODIFY (", ")"), make_unique<CSQLAttr>("B")); }, "*", 2, ""},
-    // Lists: the first item untrimmed, the separator before every later item that writes.
+    // Lists: the first item that writes untrimmed, the separator between items that write.
     {"two column items",
      [] {
        return with(make_unique<CSQLList>("LIST", ",", "ADD (", ")"), column("EMPNO", "NUMBER"),
                    column("ENAME", "DATE"));
      },
      "*", 0, "ADD ( EMPNO NUMBER,ENAME DATE)"},
-    {"first item without text leaves a leading separator",
+    {"first item without text leaves no separator behind",
      [] {
        return with(make_unique<CSQLList>("LIST", ",", "ADD (", ")"), emptyItem("EMPNO"),
                    column("ENAME", "DATE"));
      },
-     "*", 0, "ADD (,ENAME DATE)"},
+     "*", 0, "ADD ( ENAME DATE)"},
     {"later items without text add nothing",
      [] {
        return with(make_unique<CSQLList>("LIST", ", ", "(", ")"), column("A", "X"), emptyItem("B"),
@@ -108,7 +108,7 @@ const WriterCase kCases[] = {
      [] { return with(make_unique<CSQLList>("LIST", ",", "(", ")"), emptyItem("A")); }, "*", 2, ""},
     {"list path selects one item by name",
      [] { return with(make_unique<CSQLList>("LIST", ",", "(", ")"), column("A", "X"), column("B", "Y")); },
-     "B;*", 0, "(,B Y)"},
+     "B;*", 0, "( B Y)"},
     {"null path reads as the whole tree", [] { return with(andOf("(", ")"), valued("A", "1")); }, nullptr, 0,
      "(1)"},
     // A path that names one branch writes only that branch.

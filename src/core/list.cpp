@@ -38,20 +38,25 @@ int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
   if (beginText(path, text)) return SQL_OK;
   const std::string head = getAttr(path);
   const char* rest = nextAttr(path);
-  for (std::size_t i = 0; i < m_children.size(); ++i) {
-    CSQLClause* item = m_children[i].get();
+  bool written = false;
+  for (const auto& child : m_children) {
+    CSQLClause* item = child.get();
     if (head != "*" && nameOf(item) != head && !isContainer(item)) continue;
     std::string piece;
     if (item->GetModifiedSQL(rest, piece) != SQL_OK) continue;
-    if (i == 0) {
-      // The first item stands as it is written, leading blank included.
+    std::string trimmedPiece = piece;
+    Trim(trimmedPiece);
+    if (trimmedPiece.empty()) continue;
+    if (!written) {
+      // The first item that writes stands as it is written, leading blank included. Separators go
+      // only between items that wrote something: an unchanged item before a changed one must not
+      // leave a separator behind ("ADD (,ENAME DATE)" is not Oracle).
       text += piece;
+      written = true;
       continue;
     }
-    Trim(piece);
-    if (piece.empty()) continue;
     text += m_strSeparator;
-    text += piece;
+    text += trimmedPiece;
   }
   return endText(path, text);
 }
