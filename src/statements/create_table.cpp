@@ -42,7 +42,9 @@ class RelationalTable : public Cloneable<RelationalTable> {
     const int v = GetOraVersion();
     // Temporary tables came with release code 3.
     CSQLClause* temporary = nullptr;
-    attach(this, when(v >= 3, leaf("TEMPORARY", "GLOBAL ").keep(temporary)));
+    // (Not through when(): a closed gate still builds its node, and `temporary` would name a node
+    // that is gone.)
+    if (v >= 3) attach(this, leaf("TEMPORARY", "GLOBAL ").keep(temporary));
     attach(this,
            And({"TABLE", ""},
                qualifiedName("TABLE"),

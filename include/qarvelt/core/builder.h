@@ -36,6 +36,9 @@
 //                             a call's arguments open, so use it in a later statement:
 //                               attach(this, leaf("TEMPORARY", "", "", " TABLE").keep(temporary));
 //                               attach(this, leaf("COMMIT", "ON COMMIT ").linked(temporary));
+//                             A node kept under a gate must be built only when the gate is open
+//                             (if (v >= 3) attach(...keep(p))): when() evaluates its node even
+//                             when closed, and the pointer would name a node that is gone.
 //
 // Release-code gates read as conditions on the code: when(v >= 2, leaf("BUFFER_POOL", "BUFFER_POOL "))
 // adds the leaf from release code 2 on; a shape chosen by code is a plain conditional,

@@ -24,7 +24,9 @@ class Node;
 
 // Called by the writer after a node's prefix step (linked = the node's linked clause) and after its
 // postfix step (linked = null). `text` is the node's text so far and may be changed; `value` and
-// `initialValue` are the node's own strings. Returning 1 finishes the node at once.
+// `initialValue` are the node's own strings. Returning 1 finishes the node at once; what it leaves
+// unwritten below the node then counts as written. A callback should not give text to a node that
+// has nothing to write: an OR container would choose that alternative on every pass.
 using SQLCallback = int (*)(std::string& text,
                             std::string& value,
                             std::string& initialValue,
