@@ -220,6 +220,8 @@ CSQLAlterMViewLog::CSQLAlterMViewLog(bool bInit, int nOraVersion) : Cloneable(nO
   setup("C_ALTER_MVIEW_LOG", bInit);
 }
 
+// The alterations of a log are those of the view less COMPRESS, LOB storage, DEALLOCATE UNUSED and
+// the refresh and rewrite options, which Oracle does not have for logs.
 void CSQLAlterMViewLog::init() {
   const int v = GetOraVersion();
   const bool mv = hasMaterializedViews(v);
