@@ -144,6 +144,10 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLList", &buildNode<CSQLList>},
       // views and triggers
       // materialized views and their logs
+      {"CSQLCreateMaterializedView", &buildNode<CSQLCreateMaterializedView>},
+      {"CSQLCreateMaterializedViewLog", &buildNode<CSQLCreateMaterializedViewLog>},
+      {"CSQLAlterMaterializedView", &buildNode<CSQLAlterMaterializedView>},
+      {"CSQLAlterMViewLog", &buildNode<CSQLAlterMViewLog>},
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types

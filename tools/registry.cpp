@@ -155,6 +155,12 @@ const std::vector<StatementKind>& StatementKinds() {
       {"CREATE TYPE BODY", "CSQLCreateTypeBody", &statement<CSQLCreateTypeBody>},
       // views and triggers
       // materialized views and their logs
+      {"CREATE MATERIALIZED VIEW", "CSQLCreateMaterializedView", &statement<CSQLCreateMaterializedView>},
+      {"CREATE MATERIALIZED VIEW LOG",
+       "CSQLCreateMaterializedViewLog",
+       &statement<CSQLCreateMaterializedViewLog>},
+      {"ALTER MATERIALIZED VIEW", "CSQLAlterMaterializedView", &statement<CSQLAlterMaterializedView>},
+      {"ALTER MATERIALIZED VIEW LOG", "CSQLAlterMViewLog", &statement<CSQLAlterMViewLog>},
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types
@@ -279,6 +285,13 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_SPLIT_IDX_PART;LIST", {kLeaf}},
       // views and triggers
       // materialized views and their logs
+      {"C_MV_ALIASES;LIST", {kLeaf}},
+      {"C_MV_LOB;LIST", {"CSQLClauseLOBStorage"}},
+      {"C_MV_MOD_LOB;LIST", {"CSQLClauseModifyLOBStorage"}},
+      {"C_MV_LOG_WITH;LIST", {kLeaf}},
+      {"C_MV_LOG_WITH;COLUMNS", {kLeaf}},
+      {"C_MV_LOG_ADD;LIST", {kLeaf}},
+      {"C_MV_LOG_ADD;COLUMNS", {kLeaf}},
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types

@@ -38,6 +38,7 @@
 #include "qarvelt/statements/statement.h"
 // views and triggers
 // materialized views and their logs
+#include "qarvelt/statements/mviews.h"
 // clusters and tablespaces
 // users, profiles and the database
 // dimensions, operators and index types
