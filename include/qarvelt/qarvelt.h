@@ -40,6 +40,8 @@
 // materialized views and their logs
 // clusters and tablespaces
 // users, profiles and the database
+#include "qarvelt/statements/alter_database.h"
+#include "qarvelt/statements/create_user.h"
 // dimensions, operators and index types
 
 #include "qarvelt/util/util.h"
