@@ -83,19 +83,18 @@ TEST(CreateUser, OneIdentificationPerPass) {
 }
 
 // Each piece of syntax exists from the release that brought it, and not before.
+template <class T>
+void expectGate(const char* path, int first) {
+  EXPECT_EQ(T(true, first - 1).GetClause(path), nullptr) << path << " before " << first;
+  EXPECT_NE(T(true, first).GetClause(path), nullptr) << path << " at " << first;
+}
+
 TEST(CreateUser, ReleaseGates) {
-  const std::tuple<std::function<std::unique_ptr<CSQLClause>(int)>, const char*, int> gates[] = {
-      {[](int v) { return std::make_unique<CSQLCreateUser>(true, v); }, "GLOBALLY", 1},
-      {[](int v) { return std::make_unique<CSQLCreateUser>(true, v); }, "EXPIRE", 1},
-      {[](int v) { return std::make_unique<CSQLCreateUser>(true, v); }, "ACCOUNT", 1},
-      {[](int v) { return std::make_unique<CSQLCreateUser>(true, v); }, "EXTERNALLY;AS", 7},
-      {[](int v) { return std::make_unique<CSQLCreateProfile>(true, v); }, "FAILED_LOGIN_ATTEMPTS", 1},
-      {[](int v) { return std::make_unique<CSQLCreateProfile>(true, v); }, "PASSWORD_VERIFY_FUNCTION", 1},
-  };
-  for (const auto& [build, path, first] : gates) {
-    EXPECT_EQ(build(first - 1)->GetClause(path), nullptr) << path << " before " << first;
-    EXPECT_NE(build(first)->GetClause(path), nullptr) << path << " at " << first;
-  }
+  for (const char* path : {"GLOBALLY", "EXPIRE", "ACCOUNT"})
+    expectGate<CSQLCreateUser>(path, 1);
+  expectGate<CSQLCreateUser>("EXTERNALLY;AS", 7);
+  expectGate<CSQLCreateProfile>("FAILED_LOGIN_ATTEMPTS", 1);
+  expectGate<CSQLCreateProfile>("PASSWORD_VERIFY_FUNCTION", 1);
   EXPECT_NE(CSQLCreateProfile(true, 0).GetClause("PRIVATE_SGA"), nullptr);
 }
 
