@@ -150,6 +150,11 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLAlterMViewLog", &buildNode<CSQLAlterMViewLog>},
       // clusters and tablespaces
       // users, profiles and the database
+      {"CSQLCreateUser", &buildNode<CSQLCreateUser>},
+      {"CSQLCreateUser::CSubSQLItemQuota", &buildNode<CSQLCreateUser::CSubSQLItemQuota>},
+      {"CSQLCreateProfile", &buildNode<CSQLCreateProfile>},
+      {"CSQLAlterDatabase", &buildNode<CSQLAlterDatabase>},
+      {"CSQLAlterDatabase::CSubSQLItemFile", &buildNode<CSQLAlterDatabase::CSubSQLItemFile>},
       // dimensions, operators and index types
   };
   return classes;

@@ -163,6 +163,9 @@ const std::vector<StatementKind>& StatementKinds() {
       {"ALTER MATERIALIZED VIEW LOG", "CSQLAlterMViewLog", &statement<CSQLAlterMViewLog>},
       // clusters and tablespaces
       // users, profiles and the database
+      {"CREATE USER", "CSQLCreateUser", &statement<CSQLCreateUser>},
+      {"CREATE PROFILE", "CSQLCreateProfile", &statement<CSQLCreateProfile>},
+      {"ALTER DATABASE", "CSQLAlterDatabase", &statement<CSQLAlterDatabase>},
       // dimensions, operators and index types
   };
   return kinds;
@@ -205,6 +208,8 @@ const std::vector<ItemClass>& ItemClasses() {
       // materialized views and their logs
       // clusters and tablespaces
       // users, profiles and the database
+      {"CSQLCreateUser::CSubSQLItemQuota", &named<CSQLCreateUser::CSubSQLItemQuota>},
+      {"CSQLAlterDatabase::CSubSQLItemFile", &named<CSQLAlterDatabase::CSubSQLItemFile>},
       // dimensions, operators and index types
   };
   return classes;
@@ -294,6 +299,15 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_MV_LOG_ADD;COLUMNS", {kLeaf}},
       // clusters and tablespaces
       // users, profiles and the database
+      {"LISTQUOTA", {"CSQLCreateUser::CSubSQLItemQuota"}},
+      {"C_ALT_DB_SUPPLEMENTAL;SUPPLEMENTAL;LIST", {kLeaf}},
+      {"C_ALT_DB_DATAFILE;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
+      {"C_ALT_DB_TEMPFILE;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
+      {"C_ALT_DB_RENAME_FILE;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
+      {"C_ALT_DB_RENAME_FILE;LISTTO", {"CSQLAlterDatabase::CSubSQLItemFile"}},
+      {"C_ALT_DB_ADD_LOGFILE;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
+      {"C_ALT_DB_ADD_MEMBER;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
+      {"C_ALT_DB_DROP_MEMBER;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
       // dimensions, operators and index types
   };
   return table;

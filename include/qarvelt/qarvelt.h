@@ -41,6 +41,8 @@
 #include "qarvelt/statements/mviews.h"
 // clusters and tablespaces
 // users, profiles and the database
+#include "qarvelt/statements/alter_database.h"
+#include "qarvelt/statements/create_user.h"
 // dimensions, operators and index types
 
 #include "qarvelt/util/util.h"
