@@ -145,6 +145,11 @@ inline const std::vector<NodeClass>& NodeClasses() {
       // views and triggers
       // materialized views and their logs
       // clusters and tablespaces
+      {"CSQLCreateCluster", &buildNode<CSQLCreateCluster>},
+      {"CSQLCreateCluster::CSubSQLItemColumn", &buildNode<CSQLCreateCluster::CSubSQLItemColumn>},
+      {"CSQLAlterCluster", &buildNode<CSQLAlterCluster>},
+      {"CSQLCreateTablespace", &buildNode<CSQLCreateTablespace>},
+      {"CSQLClauseFileSpec", &buildNode<CSQLClauseFileSpec>},
       // users, profiles and the database
       // dimensions, operators and index types
   };

@@ -156,6 +156,9 @@ const std::vector<StatementKind>& StatementKinds() {
       // views and triggers
       // materialized views and their logs
       // clusters and tablespaces
+      {"CREATE CLUSTER", "CSQLCreateCluster", &statement<CSQLCreateCluster>},
+      {"ALTER CLUSTER", "CSQLAlterCluster", &statement<CSQLAlterCluster>},
+      {"CREATE TABLESPACE", "CSQLCreateTablespace", &statement<CSQLCreateTablespace>},
       // users, profiles and the database
       // dimensions, operators and index types
   };
@@ -198,6 +201,8 @@ const std::vector<ItemClass>& ItemClasses() {
       // views and triggers
       // materialized views and their logs
       // clusters and tablespaces
+      {"CSQLCreateCluster::CSubSQLItemColumn", &named<CSQLCreateCluster::CSubSQLItemColumn>},
+      {"CSQLClauseFileSpec", &named<CSQLClauseFileSpec>},
       // users, profiles and the database
       // dimensions, operators and index types
   };
@@ -280,6 +285,9 @@ const std::vector<ListItems>& ListItemTable() {
       // views and triggers
       // materialized views and their logs
       // clusters and tablespaces
+      {"LIST_COLUMN", {"CSQLCreateCluster::CSubSQLItemColumn"}},
+      {"LIST_DATAFILE", {"CSQLClauseFileSpec"}},
+      {"LIST_TEMPFILE", {"CSQLClauseFileSpec"}},
       // users, profiles and the database
       // dimensions, operators and index types
   };

@@ -39,6 +39,9 @@
 // views and triggers
 // materialized views and their logs
 // clusters and tablespaces
+#include "qarvelt/clauses/file_spec.h"
+#include "qarvelt/statements/cluster.h"
+#include "qarvelt/statements/create_tablespace.h"
 // users, profiles and the database
 // dimensions, operators and index types
 
