@@ -19,8 +19,10 @@ Node parallel(const CSQLClause* holder) {
   return clause<CSQLClauseParallel>(holder->GetOraVersion());
 }
 
-// Single-table hash clusters and row dependency tracking came with Oracle 10g.
-constexpr int kOracle10g = 5;
+// The release codes of the Oracle releases that brought cluster syntax.
+constexpr int kOracle80 = 1;   // CACHE / NOCACHE of ALTER CLUSTER
+constexpr int kOracle8i = 2;   // single-table hash clusters
+constexpr int kOracle10g = 5;  // row dependency tracking
 
 }  // namespace
 
@@ -39,7 +41,7 @@ void CSQLCreateCluster::init() {
          leaf("SIZE", "SIZE "),
          leaf("TABLESPACE", "TABLESPACE "),
          Or(leaf("INDEX"),
-            And(when(v >= kOracle10g, leaf("SINGLE", "", "", " TABLE")),
+            And(when(v >= kOracle8i, leaf("SINGLE", "", "", " TABLE")),
                 leaf("HASHKEYS", "HASHKEYS "),
                 leaf("HASH", "HASH IS "))),
          parallel(this),
@@ -69,10 +71,11 @@ CSQLAlterCluster::CSQLAlterCluster(bool bInit, int nOraVersion) : AlterStatement
 // The attribute changes share one statement; allocating and deallocating space each get their own,
 // so that one pass never both adds and frees extents.
 void CSQLAlterCluster::init() {
+  const int v = GetOraVersion();
   attach(this,
          leaf("SCHEMA", "", "", "."),
          leaf("CLUSTER"),
-         Or(And(physical(this), leaf("SIZE", "SIZE "), leaf("CACHE"), parallel(this)),
+         Or(And(physical(this), leaf("SIZE", "SIZE "), when(v >= kOracle80, leaf("CACHE")), parallel(this)),
             clause<CSQLClauseAllocateExtent>(kLatestRelease),
             clause<CSQLClauseDeallocateUnused>(kLatestRelease)));
 }

@@ -7,7 +7,9 @@
 //
 // Release gates (the release code a piece of syntax needs, and the Oracle release it stands for):
 //   0  Oracle 7          everything not listed below
-//   5  Oracle 10g R1     SINGLE TABLE hash clusters, ROWDEPENDENCIES / NOROWDEPENDENCIES
+//   1  Oracle 8.0        CACHE / NOCACHE of ALTER CLUSTER
+//   2  Oracle 8i         SINGLE TABLE hash clusters
+//   5  Oracle 10g R1     ROWDEPENDENCIES / NOROWDEPENDENCIES
 // The physical attributes and the parallel clause are built with the statement's own release code
 // (BUFFER_POOL in STORAGE from code 2; PARALLEL n from code 3, PARALLEL (DEGREE n) below it).
 //
@@ -29,7 +31,7 @@ namespace qarvelt {
 //   "SIZE"                      SIZE n;
 //   "TABLESPACE"                TABLESPACE t;
 //   one of "INDEX" (the keyword INDEX) and the hash cluster: "SINGLE" (written SINGLE TABLE, from
-//     code 5), "HASHKEYS" (HASHKEYS n), "HASH" (HASH IS expr); INDEX wins when both are given;
+//     code 2), "HASHKEYS" (HASHKEYS n), "HASH" (HASH IS expr); INDEX wins when both are given;
 //   "C_PARALLEL", "ROWDEPENDENCIES" (from code 5), "CACHE".
 class CSQLCreateCluster : public CreateStatement<CSQLCreateCluster> {
  public:
@@ -51,7 +53,8 @@ class CSQLCreateCluster : public CreateStatement<CSQLCreateCluster> {
 };
 
 // "SCHEMA" and "CLUSTER", then one alteration per pass, the first that has text of:
-//   the attributes, written together: "C_PHYSICAL_ATTRIBUTES", "SIZE", "CACHE", "C_PARALLEL";
+//   the attributes, written together: "C_PHYSICAL_ATTRIBUTES", "SIZE", "CACHE" (from code 1),
+//     "C_PARALLEL";
 //   "C_ALLOCATE_EXTENT";
 //   "C_DEALLOCATE_UNUSED".
 // A tree with nothing set beyond the cluster's names writes nothing at all.

@@ -22,7 +22,7 @@
 //   "TABLESPACE"        TABLESPACE t
 //   "LIST_DATAFILE"     DATAFILE and the files, a list of CSQLClauseFileSpec items, ", " between them
 //   "LIST_TEMPFILE"     TEMPFILE and the files, the same
-//   "GROUP"             TABLESPACE GROUP g ('' for no group is the host's value as given)
+//   "GROUP"             TABLESPACE GROUP g
 //   "MINIMUM"           MINIMUM EXTENT n
 //   "BLOCKSIZE"         BLOCKSIZE n
 //   "LOGGING"           LOGGING or NOLOGGING
