@@ -149,6 +149,11 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLAlterMaterializedView", &buildNode<CSQLAlterMaterializedView>},
       {"CSQLAlterMViewLog", &buildNode<CSQLAlterMViewLog>},
       // clusters and tablespaces
+      {"CSQLCreateCluster", &buildNode<CSQLCreateCluster>},
+      {"CSQLCreateCluster::CSubSQLItemColumn", &buildNode<CSQLCreateCluster::CSubSQLItemColumn>},
+      {"CSQLAlterCluster", &buildNode<CSQLAlterCluster>},
+      {"CSQLCreateTablespace", &buildNode<CSQLCreateTablespace>},
+      {"CSQLClauseFileSpec", &buildNode<CSQLClauseFileSpec>},
       // users, profiles and the database
       {"CSQLCreateUser", &buildNode<CSQLCreateUser>},
       {"CSQLCreateUser::CSubSQLItemQuota", &buildNode<CSQLCreateUser::CSubSQLItemQuota>},

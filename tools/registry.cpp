@@ -162,6 +162,9 @@ const std::vector<StatementKind>& StatementKinds() {
       {"ALTER MATERIALIZED VIEW", "CSQLAlterMaterializedView", &statement<CSQLAlterMaterializedView>},
       {"ALTER MATERIALIZED VIEW LOG", "CSQLAlterMViewLog", &statement<CSQLAlterMViewLog>},
       // clusters and tablespaces
+      {"CREATE CLUSTER", "CSQLCreateCluster", &statement<CSQLCreateCluster>},
+      {"ALTER CLUSTER", "CSQLAlterCluster", &statement<CSQLAlterCluster>},
+      {"CREATE TABLESPACE", "CSQLCreateTablespace", &statement<CSQLCreateTablespace>},
       // users, profiles and the database
       {"CREATE USER", "CSQLCreateUser", &statement<CSQLCreateUser>},
       {"CREATE PROFILE", "CSQLCreateProfile", &statement<CSQLCreateProfile>},
@@ -207,6 +210,8 @@ const std::vector<ItemClass>& ItemClasses() {
       // views and triggers
       // materialized views and their logs
       // clusters and tablespaces
+      {"CSQLCreateCluster::CSubSQLItemColumn", &named<CSQLCreateCluster::CSubSQLItemColumn>},
+      {"CSQLClauseFileSpec", &named<CSQLClauseFileSpec>},
       // users, profiles and the database
       {"CSQLCreateUser::CSubSQLItemQuota", &named<CSQLCreateUser::CSubSQLItemQuota>},
       {"CSQLAlterDatabase::CSubSQLItemFile", &named<CSQLAlterDatabase::CSubSQLItemFile>},
@@ -298,6 +303,9 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_MV_LOG_ADD;LIST", {kLeaf}},
       {"C_MV_LOG_ADD;COLUMNS", {kLeaf}},
       // clusters and tablespaces
+      {"LIST_COLUMN", {"CSQLCreateCluster::CSubSQLItemColumn"}},
+      {"LIST_DATAFILE", {"CSQLClauseFileSpec"}},
+      {"LIST_TEMPFILE", {"CSQLClauseFileSpec"}},
       // users, profiles and the database
       {"LISTQUOTA", {"CSQLCreateUser::CSubSQLItemQuota"}},
       {"C_ALT_DB_SUPPLEMENTAL;SUPPLEMENTAL;LIST", {kLeaf}},

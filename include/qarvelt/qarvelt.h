@@ -40,6 +40,9 @@
 // materialized views and their logs
 #include "qarvelt/statements/mviews.h"
 // clusters and tablespaces
+#include "qarvelt/clauses/file_spec.h"
+#include "qarvelt/statements/cluster.h"
+#include "qarvelt/statements/create_tablespace.h"
 // users, profiles and the database
 #include "qarvelt/statements/alter_database.h"
 #include "qarvelt/statements/create_user.h"

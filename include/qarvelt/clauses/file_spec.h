@@ -1,0 +1,48 @@
+// The file specification of a datafile or tempfile ("C_FILE_SPEC"), shared by CREATE TABLESPACE and
+// the database statements that name files (CREATE DATABASE, ALTER DATABASE, ALTER TABLESPACE):
+//
+//   '/u01/oradata/users01.dbf' SIZE 100M REUSE AUTOEXTEND ON NEXT 10M MAXSIZE UNLIMITED
+//
+// Node names:
+//   FILE                the file name, quoted by the leaf ('...')
+//   SIZE                SIZE n, the size as given (100M)
+//   REUSE               the keyword REUSE
+//   AUTOEXTEND          OFF or ON, written AUTOEXTEND OFF / AUTOEXTEND ON; below it:
+//     AUTOEXTEND;NEXT     NEXT n
+//     AUTOEXTEND;MAXSIZE  MAXSIZE n, or MAXSIZE UNLIMITED
+//
+// AUTOEXTEND OFF ends the clause: NEXT and MAXSIZE belong to AUTOEXTEND ON only and are left out
+// after OFF. NEXT and MAXSIZE are written after AUTOEXTEND ON; the host gives AUTOEXTEND with them.
+//
+// The clause is the same for every release code (AUTOEXTEND came with Oracle 7). A file name left
+// empty is a file named by Oracle-managed files (Oracle 9i on): the clause then starts with SIZE.
+//
+// As an item of a list of files the clause is built with its naming constructor: the item's name is
+// the host's key for the file (CREATE TABLESPACE's "LIST_DATAFILE;<name>;FILE"); the file name itself
+// is still the FILE leaf.
+#ifndef QARVELT_CLAUSES_FILE_SPEC_H
+#define QARVELT_CLAUSES_FILE_SPEC_H
+
+#include <string>
+
+#include "qarvelt/core/cloneable.h"
+
+namespace qarvelt {
+
+class CSQLClauseFileSpec : public Cloneable<CSQLClauseFileSpec> {
+ public:
+  explicit CSQLClauseFileSpec(bool bInit = true, int nOraVersion = 7);
+  // Builds the tree and names the node: a file of a DATAFILE or TEMPFILE list.
+  explicit CSQLClauseFileSpec(const char* name);
+
+  // After-prefix callback of the "AUTOEXTEND" leaf: ends the leaf (returns 1) when its text is
+  // exactly AUTOEXTEND OFF, so that no NEXT or MAXSIZE follows.
+  static int CbAfterPrefix(std::string& text, std::string& value, std::string& initial, CSQLClause* node);
+
+ protected:
+  void init() override;
+};
+
+}  // namespace qarvelt
+
+#endif  // QARVELT_CLAUSES_FILE_SPEC_H
