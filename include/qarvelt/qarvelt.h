@@ -41,6 +41,8 @@
 // clusters and tablespaces
 // users, profiles and the database
 // dimensions, operators and index types
+#include "qarvelt/statements/dimension.h"
+#include "qarvelt/statements/indextype.h"
 
 #include "qarvelt/util/util.h"
 
