@@ -147,6 +147,19 @@ inline const std::vector<NodeClass>& NodeClasses() {
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types
+      {"CSQLCreateDimension", &buildNode<CSQLCreateDimension>},
+      {"CSQLCreateDimension::CSubSQLItemLevel", &buildNode<CSQLCreateDimension::CSubSQLItemLevel>},
+      {"CSQLCreateDimension::CSubSQLItemHierarchy", &buildNode<CSQLCreateDimension::CSubSQLItemHierarchy>},
+      {"CSQLCreateDimension::CSubSQLItemJoinKey", &buildNode<CSQLCreateDimension::CSubSQLItemJoinKey>},
+      {"CSQLCreateDimension::CSubSQLItemAttribute", &buildNode<CSQLCreateDimension::CSubSQLItemAttribute>},
+      {"CSQLCreateOperator", &buildNode<CSQLCreateOperator>},
+      {"CSQLCreateOperator::CSubSQLItemBinding", &buildNode<CSQLCreateOperator::CSubSQLItemBinding>},
+      {"CSQLCreateOperator::CSubSQLItemAncillary", &buildNode<CSQLCreateOperator::CSubSQLItemAncillary>},
+      {"CSQLCreateIndexType", &buildNode<CSQLCreateIndexType>},
+      {"CSQLCreateIndexType::CSubSQLItemOperator", &buildNode<CSQLCreateIndexType::CSubSQLItemOperator>},
+      {"CSQLCreateIndexType::CSubSQLItemArrayDML", &buildNode<CSQLCreateIndexType::CSubSQLItemArrayDML>},
+      {"CSQLAlterIndexType", &buildNode<CSQLAlterIndexType>},
+      {"CSQLAlterIndexType::CSubSQLItemOperator", &buildNode<CSQLAlterIndexType::CSubSQLItemOperator>},
   };
   return classes;
 }

@@ -158,6 +158,10 @@ const std::vector<StatementKind>& StatementKinds() {
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types
+      {"CREATE DIMENSION", "CSQLCreateDimension", &statement<CSQLCreateDimension>},
+      {"CREATE OPERATOR", "CSQLCreateOperator", &statement<CSQLCreateOperator>},
+      {"CREATE INDEXTYPE", "CSQLCreateIndexType", &statement<CSQLCreateIndexType>},
+      {"ALTER INDEXTYPE", "CSQLAlterIndexType", &statement<CSQLAlterIndexType>},
   };
   return kinds;
 }
@@ -200,6 +204,16 @@ const std::vector<ItemClass>& ItemClasses() {
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types
+      {"CSQLCreateDimension::CSubSQLItemLevel", &namedForRelease<CSQLCreateDimension::CSubSQLItemLevel>},
+      {"CSQLCreateDimension::CSubSQLItemHierarchy", &named<CSQLCreateDimension::CSubSQLItemHierarchy>},
+      {"CSQLCreateDimension::CSubSQLItemJoinKey", &named<CSQLCreateDimension::CSubSQLItemJoinKey>},
+      {"CSQLCreateDimension::CSubSQLItemAttribute",
+       &namedForRelease<CSQLCreateDimension::CSubSQLItemAttribute>},
+      {"CSQLCreateOperator::CSubSQLItemBinding", &namedForRelease<CSQLCreateOperator::CSubSQLItemBinding>},
+      {"CSQLCreateOperator::CSubSQLItemAncillary", &named<CSQLCreateOperator::CSubSQLItemAncillary>},
+      {"CSQLCreateIndexType::CSubSQLItemOperator", &named<CSQLCreateIndexType::CSubSQLItemOperator>},
+      {"CSQLCreateIndexType::CSubSQLItemArrayDML", &named<CSQLCreateIndexType::CSubSQLItemArrayDML>},
+      {"CSQLAlterIndexType::CSubSQLItemOperator", &named<CSQLAlterIndexType::CSubSQLItemOperator>},
   };
   return classes;
 }
@@ -282,6 +296,23 @@ const std::vector<ListItems>& ListItemTable() {
       // clusters and tablespaces
       // users, profiles and the database
       // dimensions, operators and index types
+      {"LIST_LEVEL", {"CSQLCreateDimension::CSubSQLItemLevel"}},
+      {"LIST_LEVEL;*;LIST", {kLeaf}},
+      {"LIST_HIERARCHY", {"CSQLCreateDimension::CSubSQLItemHierarchy"}},
+      {"LIST_HIERARCHY;*;LIST", {kLeaf}},
+      {"LIST_HIERARCHY;*;LIST_JOIN_KEY", {"CSQLCreateDimension::CSubSQLItemJoinKey"}},
+      {"LIST_JOIN_KEY;*;LIST", {kLeaf}},
+      {"LIST_ATTRIBUTE", {"CSQLCreateDimension::CSubSQLItemAttribute"}},
+      {"LIST_ATTRIBUTE;*;LIST", {kLeaf}},
+      {"LIST_BINDING", {"CSQLCreateOperator::CSubSQLItemBinding"}},
+      {"LIST_BINDING;*;LIST", {kLeaf}},
+      {"C_ANCILLARY;LIST_ANCILLARY", {"CSQLCreateOperator::CSubSQLItemAncillary"}},
+      {"LIST_ANCILLARY;*;LIST", {kLeaf}},
+      {"LIST_FOR", {"CSQLCreateIndexType::CSubSQLItemOperator"}},
+      {"LIST_FOR;*;LIST", {kLeaf}},
+      {"C_USING_TYPE;DML;LIST", {"CSQLCreateIndexType::CSubSQLItemArrayDML"}},
+      {"LIST_ADD_DROP", {"CSQLAlterIndexType::CSubSQLItemOperator"}},
+      {"LIST_ADD_DROP;*;LIST", {kLeaf}},
   };
   return table;
 }
