@@ -25,6 +25,8 @@
 #ifndef QARVELT_STATEMENTS_INDEXTYPE_H
 #define QARVELT_STATEMENTS_INDEXTYPE_H
 
+#include <string>
+
 #include "qarvelt/core/cloneable.h"
 #include "qarvelt/statements/statement.h"
 
@@ -111,7 +113,8 @@ class CSQLCreateIndexType : public CreateStatement<CSQLCreateIndexType> {
 //   the list "LIST_ADD_DROP" of CSubSQLItemOperator (", " between them) with "C_USING_TYPE" (as in
 //   CREATE INDEXTYPE);
 //   "COMPILE" (the keyword COMPILE).
-// A tree with nothing set beyond the index type's names writes nothing at all.
+// A tree with nothing set beyond the index type's names, with or without the schema, writes nothing
+// at all.
 class CSQLAlterIndexType : public AlterStatement<CSQLAlterIndexType> {
  public:
   static constexpr const char* kVerb = "ALTER INDEXTYPE";
@@ -132,6 +135,8 @@ class CSQLAlterIndexType : public AlterStatement<CSQLAlterIndexType> {
 
  protected:
   void init() override;
+  // Also empties the head of an index type named without its schema.
+  int postModifiedSQL(const char* path, std::string& text) override;
 };
 
 }  // namespace qarvelt
