@@ -161,6 +161,19 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLAlterDatabase", &buildNode<CSQLAlterDatabase>},
       {"CSQLAlterDatabase::CSubSQLItemFile", &buildNode<CSQLAlterDatabase::CSubSQLItemFile>},
       // dimensions, operators and index types
+      {"CSQLCreateDimension", &buildNode<CSQLCreateDimension>},
+      {"CSQLCreateDimension::CSubSQLItemLevel", &buildNode<CSQLCreateDimension::CSubSQLItemLevel>},
+      {"CSQLCreateDimension::CSubSQLItemHierarchy", &buildNode<CSQLCreateDimension::CSubSQLItemHierarchy>},
+      {"CSQLCreateDimension::CSubSQLItemJoinKey", &buildNode<CSQLCreateDimension::CSubSQLItemJoinKey>},
+      {"CSQLCreateDimension::CSubSQLItemAttribute", &buildNode<CSQLCreateDimension::CSubSQLItemAttribute>},
+      {"CSQLCreateOperator", &buildNode<CSQLCreateOperator>},
+      {"CSQLCreateOperator::CSubSQLItemBinding", &buildNode<CSQLCreateOperator::CSubSQLItemBinding>},
+      {"CSQLCreateOperator::CSubSQLItemAncillary", &buildNode<CSQLCreateOperator::CSubSQLItemAncillary>},
+      {"CSQLCreateIndexType", &buildNode<CSQLCreateIndexType>},
+      {"CSQLCreateIndexType::CSubSQLItemOperator", &buildNode<CSQLCreateIndexType::CSubSQLItemOperator>},
+      {"CSQLCreateIndexType::CSubSQLItemArrayDML", &buildNode<CSQLCreateIndexType::CSubSQLItemArrayDML>},
+      {"CSQLAlterIndexType", &buildNode<CSQLAlterIndexType>},
+      {"CSQLAlterIndexType::CSubSQLItemOperator", &buildNode<CSQLAlterIndexType::CSubSQLItemOperator>},
   };
   return classes;
 }

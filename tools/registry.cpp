@@ -170,6 +170,10 @@ const std::vector<StatementKind>& StatementKinds() {
       {"CREATE PROFILE", "CSQLCreateProfile", &statement<CSQLCreateProfile>},
       {"ALTER DATABASE", "CSQLAlterDatabase", &statement<CSQLAlterDatabase>},
       // dimensions, operators and index types
+      {"CREATE DIMENSION", "CSQLCreateDimension", &statement<CSQLCreateDimension>},
+      {"CREATE OPERATOR", "CSQLCreateOperator", &statement<CSQLCreateOperator>},
+      {"CREATE INDEXTYPE", "CSQLCreateIndexType", &statement<CSQLCreateIndexType>},
+      {"ALTER INDEXTYPE", "CSQLAlterIndexType", &statement<CSQLAlterIndexType>},
   };
   return kinds;
 }
@@ -216,6 +220,16 @@ const std::vector<ItemClass>& ItemClasses() {
       {"CSQLCreateUser::CSubSQLItemQuota", &named<CSQLCreateUser::CSubSQLItemQuota>},
       {"CSQLAlterDatabase::CSubSQLItemFile", &named<CSQLAlterDatabase::CSubSQLItemFile>},
       // dimensions, operators and index types
+      {"CSQLCreateDimension::CSubSQLItemLevel", &namedForRelease<CSQLCreateDimension::CSubSQLItemLevel>},
+      {"CSQLCreateDimension::CSubSQLItemHierarchy", &named<CSQLCreateDimension::CSubSQLItemHierarchy>},
+      {"CSQLCreateDimension::CSubSQLItemJoinKey", &named<CSQLCreateDimension::CSubSQLItemJoinKey>},
+      {"CSQLCreateDimension::CSubSQLItemAttribute",
+       &namedForRelease<CSQLCreateDimension::CSubSQLItemAttribute>},
+      {"CSQLCreateOperator::CSubSQLItemBinding", &namedForRelease<CSQLCreateOperator::CSubSQLItemBinding>},
+      {"CSQLCreateOperator::CSubSQLItemAncillary", &named<CSQLCreateOperator::CSubSQLItemAncillary>},
+      {"CSQLCreateIndexType::CSubSQLItemOperator", &named<CSQLCreateIndexType::CSubSQLItemOperator>},
+      {"CSQLCreateIndexType::CSubSQLItemArrayDML", &named<CSQLCreateIndexType::CSubSQLItemArrayDML>},
+      {"CSQLAlterIndexType::CSubSQLItemOperator", &named<CSQLAlterIndexType::CSubSQLItemOperator>},
   };
   return classes;
 }
@@ -317,6 +331,23 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_ALT_DB_ADD_MEMBER;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
       {"C_ALT_DB_DROP_MEMBER;LIST", {"CSQLAlterDatabase::CSubSQLItemFile"}},
       // dimensions, operators and index types
+      {"LIST_LEVEL", {"CSQLCreateDimension::CSubSQLItemLevel"}},
+      {"LIST_LEVEL;*;LIST", {kLeaf}},
+      {"LIST_HIERARCHY", {"CSQLCreateDimension::CSubSQLItemHierarchy"}},
+      {"LIST_HIERARCHY;*;LIST", {kLeaf}},
+      {"LIST_HIERARCHY;*;LIST_JOIN_KEY", {"CSQLCreateDimension::CSubSQLItemJoinKey"}},
+      {"LIST_JOIN_KEY;*;LIST", {kLeaf}},
+      {"LIST_ATTRIBUTE", {"CSQLCreateDimension::CSubSQLItemAttribute"}},
+      {"LIST_ATTRIBUTE;*;LIST", {kLeaf}},
+      {"LIST_BINDING", {"CSQLCreateOperator::CSubSQLItemBinding"}},
+      {"LIST_BINDING;*;LIST", {kLeaf}},
+      {"C_ANCILLARY;LIST_ANCILLARY", {"CSQLCreateOperator::CSubSQLItemAncillary"}},
+      {"LIST_ANCILLARY;*;LIST", {kLeaf}},
+      {"LIST_FOR", {"CSQLCreateIndexType::CSubSQLItemOperator"}},
+      {"LIST_FOR;*;LIST", {kLeaf}},
+      {"C_USING_TYPE;DML;LIST", {"CSQLCreateIndexType::CSubSQLItemArrayDML"}},
+      {"LIST_ADD_DROP", {"CSQLAlterIndexType::CSubSQLItemOperator"}},
+      {"LIST_ADD_DROP;*;LIST", {kLeaf}},
   };
   return table;
 }

@@ -47,6 +47,8 @@
 #include "qarvelt/statements/alter_database.h"
 #include "qarvelt/statements/create_user.h"
 // dimensions, operators and index types
+#include "qarvelt/statements/dimension.h"
+#include "qarvelt/statements/indextype.h"
 
 #include "qarvelt/util/util.h"
 
