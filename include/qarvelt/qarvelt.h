@@ -37,6 +37,8 @@
 #include "qarvelt/statements/create_table.h"
 #include "qarvelt/statements/statement.h"
 // views and triggers
+#include "qarvelt/statements/create_trigger.h"
+#include "qarvelt/statements/create_view.h"
 // materialized views and their logs
 // clusters and tablespaces
 // users, profiles and the database
