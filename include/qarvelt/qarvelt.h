@@ -39,6 +39,7 @@
 // views and triggers
 #include "qarvelt/statements/create_trigger.h"
 #include "qarvelt/statements/create_view.h"
+#include "qarvelt/util/sqlplus.h"
 // materialized views and their logs
 // clusters and tablespaces
 // users, profiles and the database
