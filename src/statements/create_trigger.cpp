@@ -46,10 +46,12 @@ void CSQLCreateTrigger::init() {
   attach(this,
          leaf("REPLACE", "OR "),
          And({"TRIGGER", ""}, leaf("SCHEMA", "", "", "."), leaf("TRIGGER")),
-         Or(leaf("BEFORE"),
-            leaf("AFTER"),
-            when(v >= 1, leaf("INSTEAD", "", "", " OF")),
-            when(v >= 7, leaf("FOR"))),
+         // The timing: the host fills one. An AND, not an OR, so that only the events are
+         // alternatives taking one pass each, and every pass writes a whole trigger.
+         And(leaf("BEFORE"),
+             leaf("AFTER"),
+             when(v >= 1, leaf("INSTEAD", "", "", " OF")),
+             when(v >= 7, leaf("FOR"))),
          Or(dmlEvent(v), when(v >= 2, systemEvent())),
          when(v >= 7, list("FOLLOWS", ", ", "FOLLOWS ", "")),
          when(v >= 7, leaf("ENABLE")),

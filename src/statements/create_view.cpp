@@ -48,10 +48,12 @@ void CSQLCreateView::init() {
          And({"VIEW", ""}, leaf("SCHEMA", "", "", "."), leaf("VIEW")),
          Or(bracketed(named("C_VIEW_ALIAS", list("LIST", ", ", "", ""))), when(v >= 1, objectView(v))),
          leaf("SUBQUERY", "AS "),
-         Or({"WITH", ""},
-            when(v >= 1, leaf("READ", "", "", " ONLY")),
-            // OPTION is the suffix, so that the constraint name follows it.
-            leaf("CHECK", "", " OPTION").with(leaf("CONSTRAINT", "CONSTRAINT "))));
+         // READ ONLY or CHECK OPTION: the host fills one. They stand in an AND, not an OR, so that a
+         // tree whose aliases and object clause are both filled writes both views whole, one per pass.
+         And({"WITH", ""},
+             when(v >= 1, leaf("READ", "", "", " ONLY")),
+             // OPTION is the suffix, so that the constraint name follows it.
+             leaf("CHECK", "", " OPTION").with(leaf("CONSTRAINT", "CONSTRAINT "))));
 }
 
 CSQLCreateView::CSubSQLItemAlias::CSubSQLItemAlias(const char* name) : Cloneable(kLatestRelease) {

@@ -8,8 +8,8 @@
 // Paths, containers left out:
 //   "REPLACE"           REPLACE, written OR REPLACE
 //   "SCHEMA", "TRIGGER" the trigger's name, after "TRIGGER"
-//   one of the keyword leaves "BEFORE", "AFTER", "INSTEAD" (written INSTEAD OF), "FOR" (a compound
-//   trigger, whose body then begins with COMPOUND TRIGGER)
+//   the timing, one of the keyword leaves "BEFORE", "AFTER", "INSTEAD" (written INSTEAD OF), "FOR"
+//   (a compound trigger, whose body then begins with COMPOUND TRIGGER); the host fills one
 //   then one of (the first that has text, per pass):
 //   "C_DML_EVENT"     the events "LIST" joined by OR (items CSubSQLItemEvent, or plain leaves holding
 //                     DELETE, INSERT or UPDATE), ON "NESTED" (NESTED TABLE column OF) "SCHEMA"."TABLE"
@@ -21,6 +21,8 @@
 //   "ENABLE"            ENABLE or DISABLE
 //   "WHEN"              the condition, written in brackets
 //   "BODY"              the PL/SQL block (or CALL routine), unchanged, with its own END;
+// The two kinds of events are the statement's only alternatives: a tree holding both writes two
+// whole triggers, one per pass.
 //
 // Release gates (release code: Oracle release):
 //   1 (Oracle 8.0)   INSTEAD OF

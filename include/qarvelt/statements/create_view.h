@@ -19,11 +19,15 @@
 //                          UNDER "SUPERVIEW_SCHEMA"."SUPERVIEW",
 //                        then "LIST": the attributes' constraints in brackets, items CSubSQLItemAlias
 //   "SUBQUERY"       written after AS, unchanged
-//   then one of "READ" (READ, written WITH READ ONLY) or "CHECK" (CHECK, written WITH CHECK OPTION)
-//   with "CHECK;CONSTRAINT" (CONSTRAINT name).
+//   "READ"           READ, written WITH READ ONLY
+//   "CHECK"          CHECK, written WITH CHECK OPTION, with "CHECK;CONSTRAINT" (CONSTRAINT name); the
+//                    host fills one of "READ" and "CHECK"
+// The aliases and the object clause are the statement's only alternatives: a tree holding both writes
+// two whole views, one per pass.
 //
 // Release gates (release code: Oracle release):
-//   1 (Oracle 8.0)       object views, written OF type WITH OBJECT OID; WITH READ ONLY
+//   1 (Oracle 8.0)       object views, written OF type WITH OBJECT OID; WITH READ ONLY (which not
+//                        every Oracle 7 release accepts)
 //   2 (Oracle 8i)        WITH OBJECT IDENTIFIER takes the place of WITH OBJECT OID
 //   3 (Oracle 9i R1)     view constraints: inline constraints after an alias, out-of-line constraints
 //                        among the aliases, constraints on an object view's attributes; UNDER superview
