@@ -74,10 +74,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, CreateView, ::testing::Values(
              {{"SCHEMA", "SCOTT"}, {"VIEW", "EMP_OV"}, {"C_OBJECT_VIEW;TYPE_SCHEMA", "SCOTT"},
               {"C_OBJECT_VIEW;OBJECT_TYPE", "EMP_T"}, {"SUBQUERY", "SELECT EMPNO, ENAME FROM SCOTT.EMP"}},
              "CREATE VIEW SCOTT.EMP_OV OF SCOTT.EMP_T WITH OBJECT OID (EMPNO) AS SELECT EMPNO, ENAME FROM SCOTT.EMP"},
-    TreeCase{"object view with the default identifier, Oracle 8i", make<CSQLCreateView>(2),
-             {{"SCHEMA", "HR"}, {"VIEW", "EMP_OV"}, {"C_OBJECT_VIEW;OBJECT_TYPE", "EMP_T"},
-              {"C_OBJECT_VIEW;C_OBJECT_ID;DEFAULT", "DEFAULT"}, {"SUBQUERY", "SELECT * FROM HR.EMP_TAB"}},
-             "CREATE VIEW HR.EMP_OV OF EMP_T WITH OBJECT IDENTIFIER DEFAULT AS SELECT * FROM HR.EMP_TAB"},
     TreeCase{"subview, Oracle 9i", make<CSQLCreateView>(3),
              {{"SCHEMA", "HR"}, {"VIEW", "MGR_OV"}, {"C_OBJECT_VIEW;TYPE_SCHEMA", "HR"},
               {"C_OBJECT_VIEW;OBJECT_TYPE", "MGR_T"}, {"C_OBJECT_VIEW;SUPERVIEW_SCHEMA", "HR"},
@@ -108,18 +104,17 @@ INSTANTIATE_TEST_SUITE_P(Cases, CreateView, ::testing::Values(
              "(EMP_ID) DISABLE NOVALIDATE) AS SELECT EMPLOYEE_ID, EMAIL FROM HR.EMPLOYEES"},
     TreeCase{"object view attribute constraint, Oracle 9i",
              [] {
-               auto root = withItems<CSQLCreateView>(3, {word("C_OBJECT_VIEW;C_OBJECT_ID;LIST", "EMPNO"),
-                                                         item<Alias>("C_OBJECT_VIEW;LIST", "EMAIL")})();
+               auto root = withItems<CSQLCreateView>(3, {item<Alias>("C_OBJECT_VIEW;LIST", "EMAIL")})();
                root->AddAttr("C_OBJECT_VIEW;LIST;EMAIL;LIST", new CSQLClauseInlineConstraint("UQ"));
                return root;
              },
              {{"SCHEMA", "HR"}, {"VIEW", "EMP_OV"}, {"C_OBJECT_VIEW;OBJECT_TYPE", "EMP_T"},
-              {"C_OBJECT_VIEW;LIST;EMAIL;ALIAS", "EMAIL"}, {"C_OBJECT_VIEW;LIST;EMAIL;LIST;UQ;UNIQUE", "UNIQUE"},
+              {"C_OBJECT_VIEW;C_OBJECT_ID;DEFAULT", "DEFAULT"}, {"C_OBJECT_VIEW;LIST;EMAIL;ALIAS", "EMAIL"}, {"C_OBJECT_VIEW;LIST;EMAIL;LIST;UQ;UNIQUE", "UNIQUE"},
               {"C_OBJECT_VIEW;LIST;EMAIL;LIST;UQ;C_CONSTRAINT_STATE;ENABLE", "DISABLE"},
               {"C_OBJECT_VIEW;LIST;EMAIL;LIST;UQ;C_CONSTRAINT_STATE;VALIDATE", "NOVALIDATE"},
-              {"SUBQUERY", "SELECT EMP_T(EMPNO, EMAIL) FROM HR.EMP"}},
-             "CREATE VIEW HR.EMP_OV OF EMP_T WITH OBJECT IDENTIFIER (EMPNO) (EMAIL UNIQUE DISABLE NOVALIDATE) "
-             "AS SELECT EMP_T(EMPNO, EMAIL) FROM HR.EMP"},
+              {"SUBQUERY", "SELECT * FROM HR.EMP_TAB"}},
+             "CREATE VIEW HR.EMP_OV OF EMP_T WITH OBJECT IDENTIFIER DEFAULT (EMAIL UNIQUE DISABLE NOVALIDATE) "
+             "AS SELECT * FROM HR.EMP_TAB"},
     TreeCase{"XMLType view, Oracle 10g",
              withItems<CSQLCreateView>(6, {word("C_OBJECT_VIEW;C_OBJECT_ID;LIST", "AREA",
                                                 "EXTRACT(OBJECT_VALUE, '/Warehouse/Area/text()').GETNUMBERVAL()")}),
@@ -193,11 +188,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, CreateTrigger, ::testing::Values(
               {"BODY", "BEGIN :N.SAL := ROUND(:N.SAL, 2); END;"}},
              "CREATE OR REPLACE TRIGGER SCOTT.EMP_BIU BEFORE INSERT OR UPDATE OF SAL, COMM ON SCOTT.EMP "
              "REFERENCING OLD AS O NEW AS N FOR EACH ROW WHEN (N.SAL > 0) BEGIN :N.SAL := ROUND(:N.SAL, 2); END;"},
-    TreeCase{"statement trigger, Oracle 7",
-             withItems<CSQLCreateTrigger>(0, {word("C_DML_EVENT;LIST", "DELETE")}),
-             {{"SCHEMA", "SCOTT"}, {"TRIGGER", "EMP_AD"}, {"AFTER", "AFTER"}, {"C_DML_EVENT;SCHEMA", "SCOTT"},
-              {"C_DML_EVENT;TABLE", "EMP"}, {"BODY", "BEGIN SCOTT.AUDIT_PKG.LOG_DELETE; END;"}},
-             "CREATE TRIGGER SCOTT.EMP_AD AFTER DELETE ON SCOTT.EMP BEGIN SCOTT.AUDIT_PKG.LOG_DELETE; END;"},
     TreeCase{"instead of, Oracle 8.0",
              withItems<CSQLCreateTrigger>(1, {word("C_DML_EVENT;LIST", "INSERT")}),
              {{"SCHEMA", "SCOTT"}, {"TRIGGER", "EMP_DEPT_II"}, {"INSTEAD", "INSTEAD"},
@@ -289,9 +279,7 @@ TEST(SQLPlus, PLSQLUnitsAreKnownByTheirFirstWords) {
       "create or replace trigger t before insert on emp begin null; end;",
       "CREATE OR REPLACE\nTRIGGER T AFTER LOGON ON DATABASE BEGIN NULL; END;",
       "CREATE TYPE S.T AS OBJECT (A NUMBER)",
-      "CREATE TYPE BODY S.T AS MEMBER PROCEDURE P IS BEGIN NULL; END; END;",
       "CREATE LIBRARY S.L AS '/lib/x.so'",
-      "CREATE OR REPLACE PACKAGE BODY P AS END;",
       "CREATE OR REPLACE AND COMPILE JAVA SOURCE NAMED \"Hello\" AS public class Hello {}",
       "CREATE NOFORCE JAVA CLASS USING BFILE (BFILE_DIR, 'Hello.class')",
       "BEGIN DBMS_STATS.GATHER_SCHEMA_STATS('SCOTT'); END;",
@@ -303,7 +291,6 @@ TEST(SQLPlus, PLSQLUnitsAreKnownByTheirFirstWords) {
       "CREATE VIEW V AS SELECT 1 X FROM DUAL",
       "CREATE OR REPLACE NOFORCE VIEW V AS SELECT 1 X FROM DUAL",
       "CREATE TABLE TRIGGER_LOG (ID NUMBER)",
-      "CREATE SYNONYM TYPES FOR S.TYPES",
       "ALTER TRIGGER T DISABLE",
       "",
   };
