@@ -143,6 +143,10 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLContOR", &buildNode<CSQLContOR>},
       {"CSQLList", &buildNode<CSQLList>},
       // views and triggers
+      {"CSQLCreateView", &buildNode<CSQLCreateView>},
+      {"CSQLCreateView::CSubSQLItemAlias", &buildNode<CSQLCreateView::CSubSQLItemAlias>},
+      {"CSQLCreateTrigger", &buildNode<CSQLCreateTrigger>},
+      {"CSQLCreateTrigger::CSubSQLItemEvent", &buildNode<CSQLCreateTrigger::CSubSQLItemEvent>},
       // materialized views and their logs
       {"CSQLCreateMaterializedView", &buildNode<CSQLCreateMaterializedView>},
       {"CSQLCreateMaterializedViewLog", &buildNode<CSQLCreateMaterializedViewLog>},

@@ -13,6 +13,7 @@
 #include <iostream>
 #include <sstream>
 
+#include <qarvelt/util/sqlplus.h>
 #include <qarvelt/version.h>
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -32,24 +33,19 @@ std::string readFile(const std::string& path) {
   return text.str();
 }
 
-// Statements one per block, each followed by the terminator: ";" after the statement, "/" on a line
-// of its own, or nothing.
+// Statements one per block, each followed by the terminator: ";" after the statement (a PL/SQL unit
+// gets "/" on a line of its own instead), "/" on a line of its own, or nothing.
 std::string formatScript(const Script& script, const std::string& terminator, bool json) {
   if (json) {
     nlohmann::json out = {{"statements", script.statements}, {"warnings", script.warnings}};
     return out.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
   }
+  const qarvelt::SQLTerminator how = terminator == ";"   ? qarvelt::SQLTerminator::Semicolon
+                                     : terminator == "/" ? qarvelt::SQLTerminator::Slash
+                                                         : qarvelt::SQLTerminator::None;
   std::string text;
-  for (const std::string& statement : script.statements) {
-    text += statement;
-    if (terminator == ";") {
-      text += ";\n";
-    } else if (terminator == "/") {
-      text += "\n/\n";
-    } else {
-      text += "\n";
-    }
-  }
+  for (const std::string& statement : script.statements)
+    text += qarvelt::TerminateStatement(statement, how);
   return text;
 }
 

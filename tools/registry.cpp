@@ -154,6 +154,8 @@ const std::vector<StatementKind>& StatementKinds() {
       {"CREATE TYPE", "CSQLCreateType", &statement<CSQLCreateType>},
       {"CREATE TYPE BODY", "CSQLCreateTypeBody", &statement<CSQLCreateTypeBody>},
       // views and triggers
+      {"CREATE VIEW", "CSQLCreateView", &statement<CSQLCreateView>},
+      {"CREATE TRIGGER", "CSQLCreateTrigger", &statement<CSQLCreateTrigger>},
       // materialized views and their logs
       {"CREATE MATERIALIZED VIEW", "CSQLCreateMaterializedView", &statement<CSQLCreateMaterializedView>},
       {"CREATE MATERIALIZED VIEW LOG",
@@ -212,6 +214,8 @@ const std::vector<ItemClass>& ItemClasses() {
       {"CSQLClauseModifyLOBStorage", &named<CSQLClauseModifyLOBStorage>},
       {"CSQLClauseExtDataProp::CSubSQLItem", &named<CSQLClauseExtDataProp::CSubSQLItem>},
       // views and triggers
+      {"CSQLCreateView::CSubSQLItemAlias", &namedForRelease<CSQLCreateView::CSubSQLItemAlias>},
+      {"CSQLCreateTrigger::CSubSQLItemEvent", &named<CSQLCreateTrigger::CSubSQLItemEvent>},
       // materialized views and their logs
       // clusters and tablespaces
       {"CSQLCreateCluster::CSubSQLItemColumn", &named<CSQLCreateCluster::CSubSQLItemColumn>},
@@ -308,6 +312,15 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_GLOBAL_PARTITIONING;LIST", {kLeaf}},
       {"C_SPLIT_IDX_PART;LIST", {kLeaf}},
       // views and triggers
+      {"C_VIEW_ALIAS;LIST", {"CSQLCreateView::CSubSQLItemAlias"}},
+      {"C_VIEW_ALIAS;LIST;*;LIST", {"CSQLClauseInlineConstraint"}},
+      {"C_OBJECT_VIEW;LIST", {"CSQLCreateView::CSubSQLItemAlias"}},
+      {"C_OBJECT_VIEW;LIST;*;LIST", {"CSQLClauseInlineConstraint"}},
+      {"C_OBJECT_ID;LIST", {kLeaf}},
+      {"C_DML_EVENT;LIST", {"CSQLCreateTrigger::CSubSQLItemEvent", kLeaf}},
+      {"C_DML_EVENT;LIST;*;EVENT;LIST", {kLeaf}},
+      {"C_SYSTEM_EVENT;LIST", {kLeaf}},
+      {"FOLLOWS", {kLeaf}},
       // materialized views and their logs
       {"C_MV_ALIASES;LIST", {kLeaf}},
       {"C_MV_LOB;LIST", {"CSQLClauseLOBStorage"}},

@@ -37,6 +37,9 @@
 #include "qarvelt/statements/create_table.h"
 #include "qarvelt/statements/statement.h"
 // views and triggers
+#include "qarvelt/statements/create_trigger.h"
+#include "qarvelt/statements/create_view.h"
+#include "qarvelt/util/sqlplus.h"
 // materialized views and their logs
 #include "qarvelt/statements/mviews.h"
 // clusters and tablespaces
