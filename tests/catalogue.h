@@ -157,7 +157,7 @@ inline const std::vector<NodeClass>& NodeClasses() {
       {"CSQLCreateCluster::CSubSQLItemColumn", &buildNode<CSQLCreateCluster::CSubSQLItemColumn>},
       {"CSQLAlterCluster", &buildNode<CSQLAlterCluster>},
       {"CSQLCreateTablespace", &buildNode<CSQLCreateTablespace>},
-      {"CSQLClauseFileSpec", &buildNode<CSQLClauseFileSpec>},
+      {"CSQLClauseDataFile", &buildNode<CSQLClauseDataFile>},
       // users, profiles and the database
       {"CSQLCreateUser", &buildNode<CSQLCreateUser>},
       {"CSQLCreateUser::CSubSQLItemQuota", &buildNode<CSQLCreateUser::CSubSQLItemQuota>},

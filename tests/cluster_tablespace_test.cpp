@@ -1,7 +1,7 @@
-// CREATE CLUSTER, ALTER CLUSTER, CREATE TABLESPACE and the file specification they share.
+// CREATE CLUSTER, ALTER CLUSTER, CREATE TABLESPACE and the datafile and tempfile clause they share.
 #include <gtest/gtest.h>
 
-#include "qarvelt/clauses/file_spec.h"
+#include "qarvelt/clauses/data_file.h"
 #include "qarvelt/statements/cluster.h"
 #include "qarvelt/statements/create_tablespace.h"
 #include "support.h"
@@ -30,7 +30,7 @@ std::function<std::unique_ptr<CSQLClause>()> withFiles(const char* list, std::ve
     auto tablespace = std::make_unique<CSQLCreateTablespace>(true, Release);
     for (std::size_t i = 0; i < files.size(); ++i) {
       const std::string name = "F" + std::to_string(i + 1);
-      tablespace->AddAttr(list, new CSQLClauseFileSpec(name.c_str()));
+      tablespace->AddAttr(list, new CSQLClauseDataFile(name.c_str()));
       tablespace->SetValue((std::string(list) + ";" + name + ";FILE").c_str(), files[i]);
     }
     return tablespace;
@@ -163,9 +163,9 @@ INSTANTIATE_TEST_SUITE_P(Tablespace, ClusterTablespace, ::testing::Values(
              "CREATE TABLESPACE APP DATAFILE SIZE 100M AUTOEXTEND ON"}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(FileSpec, ClusterTablespace, ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(DataFile, ClusterTablespace, ::testing::Values(
     // OFF ends the autoextend clause: what belongs to ON is left out, also through a clone.
-    TreeCase{"autoextend off drops next and maxsize", make<CSQLClauseFileSpec>(7),
+    TreeCase{"autoextend off drops next and maxsize", make<CSQLClauseDataFile>(7),
              {{"FILE", "/u01/a.dbf"}, {"AUTOEXTEND", "OFF"}, {"AUTOEXTEND;NEXT", "10M"},
               {"AUTOEXTEND;MAXSIZE", "UNLIMITED"}},
              "'/u01/a.dbf' AUTOEXTEND OFF"}),
@@ -244,8 +244,8 @@ TEST(ClusterTablespace, AlterClusterWritesOneAlterationPerPass) {
                                                      "ALTER CLUSTER EMP_DEPT DEALLOCATE UNUSED"}));
 }
 
-TEST(ClusterTablespace, FileSpecAsNamedListItem) {
-  CSQLClauseFileSpec file("USERS01");
+TEST(ClusterTablespace, DataFileAsNamedListItem) {
+  CSQLClauseDataFile file("USERS01");
   EXPECT_EQ(file.GetType(), "USERS01");
   ASSERT_EQ(file.SetValue("FILE", "/u01/users01.dbf"), SQL_OK);
   auto clone = file.Clone();

@@ -1192,15 +1192,15 @@ void Differ::splitPartition(const std::string& from,
   CSQLAlterTable statement;
   create::TreeFiller f(statement, "ALTER TABLE");
   const std::string split = "C_ALTER_TAB_PART;C_SPLIT_TABLE_PART;PARTITION";
-  const std::string spec = split + ";SPEC1;C_TAB_PART_DESC;";
-  const std::string physical = spec + "C_SEG_ATTRIBUTE;C_PHYSICAL_ATTRIBUTES;";
+  const std::string partDesc = split + ";SPEC1;C_TAB_PART_DESC;";
+  const std::string physical = partDesc + "C_SEG_ATTRIBUTE;C_PHYSICAL_ATTRIBUTES;";
   if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
   f.Set("TABLE", id(m_before.name, "name"), "name");
   f.Set(split, id(from, "partition"), where);
   f.Set(split + (b.type == "LIST" ? ";VALUES" : ";AT"), b.type == "LIST" ? "VALUES" : "AT", where);
   f.AddTexts(split + ";LIST", b.type == "LIST" ? now.values : now.values_less_than, where);
   f.Set(split + ";SPEC1;PARTITION", id(now.name, where), where);
-  f.Set(spec + "C_SEG_ATTRIBUTE;TABLESPACE", now.tablespace, where + ".tablespace");
+  f.Set(partDesc + "C_SEG_ATTRIBUTE;TABLESPACE", now.tablespace, where + ".tablespace");
   const std::pair<const char*, std::string Segment::*> fields[] = {
       {"PCTFREE", &Segment::pctfree},
       {"PCTUSED", &Segment::pctused},
@@ -1216,8 +1216,8 @@ void Differ::splitPartition(const std::string& from,
       {"C_STORAGE;BUFFER_POOL", &Segment::buffer_pool}};
   for (const auto& [path, member] : fields)
     f.Set(physical + path, now.segment.*member, where);
-  f.Set(spec + "C_SEG_ATTRIBUTE;LOGGING", now.logging, where + ".logging");
-  f.Set(spec + "COMPRESS", now.compress, where + ".compress");
+  f.Set(partDesc + "C_SEG_ATTRIBUTE;LOGGING", now.logging, where + ".logging");
+  f.Set(partDesc + "COMPRESS", now.compress, where + ".compress");
   f.Set(split + ";SPEC2;PARTITION", id(from, "partition"), where);
   out.push_back(f.Write());
   if (!now.subpartitions.empty()) {

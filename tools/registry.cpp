@@ -219,7 +219,7 @@ const std::vector<ItemClass>& ItemClasses() {
       // materialized views and their logs
       // clusters and tablespaces
       {"CSQLCreateCluster::CSubSQLItemColumn", &named<CSQLCreateCluster::CSubSQLItemColumn>},
-      {"CSQLClauseFileSpec", &named<CSQLClauseFileSpec>},
+      {"CSQLClauseDataFile", &named<CSQLClauseDataFile>},
       // users, profiles and the database
       {"CSQLCreateUser::CSubSQLItemQuota", &named<CSQLCreateUser::CSubSQLItemQuota>},
       {"CSQLAlterDatabase::CSubSQLItemFile", &named<CSQLAlterDatabase::CSubSQLItemFile>},
@@ -331,8 +331,8 @@ const std::vector<ListItems>& ListItemTable() {
       {"C_MV_LOG_ADD;COLUMNS", {kLeaf}},
       // clusters and tablespaces
       {"LIST_COLUMN", {"CSQLCreateCluster::CSubSQLItemColumn"}},
-      {"LIST_DATAFILE", {"CSQLClauseFileSpec"}},
-      {"LIST_TEMPFILE", {"CSQLClauseFileSpec"}},
+      {"LIST_DATAFILE", {"CSQLClauseDataFile"}},
+      {"LIST_TEMPFILE", {"CSQLClauseDataFile"}},
       // users, profiles and the database
       {"LISTQUOTA", {"CSQLCreateUser::CSubSQLItemQuota"}},
       {"C_ALT_DB_SUPPLEMENTAL;SUPPLEMENTAL;LIST", {kLeaf}},

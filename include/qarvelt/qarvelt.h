@@ -43,7 +43,7 @@
 // materialized views and their logs
 #include "qarvelt/statements/mviews.h"
 // clusters and tablespaces
-#include "qarvelt/clauses/file_spec.h"
+#include "qarvelt/clauses/data_file.h"
 #include "qarvelt/statements/cluster.h"
 #include "qarvelt/statements/create_tablespace.h"
 // users, profiles and the database

@@ -20,7 +20,7 @@
 //   "BIGFILE"           BIGFILE or SMALLFILE
 //   one of "TEMPORARY" (the keyword TEMPORARY) and "UNDO" (the keyword UNDO)
 //   "TABLESPACE"        TABLESPACE t
-//   "LIST_DATAFILE"     DATAFILE and the files, a list of CSQLClauseFileSpec items, ", " between them
+//   "LIST_DATAFILE"     DATAFILE and the files, a list of CSQLClauseDataFile items, ", " between them
 //   "LIST_TEMPFILE"     TEMPFILE and the files, the same
 //   "GROUP"             TABLESPACE GROUP g
 //   "MINIMUM"           MINIMUM EXTENT n

@@ -1,4 +1,4 @@
-#include "qarvelt/clauses/file_spec.h"
+#include "qarvelt/clauses/data_file.h"
 
 #include "qarvelt/core/builder.h"
 
@@ -6,15 +6,15 @@ namespace qarvelt {
 
 using namespace build;
 
-CSQLClauseFileSpec::CSQLClauseFileSpec(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
-  setup("C_FILE_SPEC", bInit);
+CSQLClauseDataFile::CSQLClauseDataFile(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_DATA_FILE", bInit);
 }
 
-CSQLClauseFileSpec::CSQLClauseFileSpec(const char* name) : Cloneable(kLatestRelease) {
+CSQLClauseDataFile::CSQLClauseDataFile(const char* name) : Cloneable(kLatestRelease) {
   setup(name, true);
 }
 
-void CSQLClauseFileSpec::init() {
+void CSQLClauseDataFile::init() {
   attach(this,
          leaf("FILE", "'", "", "'"),
          leaf("SIZE", "SIZE "),
@@ -24,7 +24,7 @@ void CSQLClauseFileSpec::init() {
              .with(leaf("NEXT", "NEXT "), leaf("MAXSIZE", "MAXSIZE ")));
 }
 
-int CSQLClauseFileSpec::CbAfterPrefix(std::string& text,
+int CSQLClauseDataFile::CbAfterPrefix(std::string& text,
                                       std::string& /*value*/,
                                       std::string& /*initial*/,
                                       CSQLClause* /*node*/) {

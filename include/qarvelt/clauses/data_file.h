@@ -1,4 +1,4 @@
-// The file specification of a datafile or tempfile ("C_FILE_SPEC"), shared by CREATE TABLESPACE and
+// A datafile or tempfile clause ("C_DATA_FILE"), shared by CREATE TABLESPACE and
 // the database statements that name files (CREATE DATABASE, ALTER DATABASE, ALTER TABLESPACE):
 //
 //   '/u01/oradata/users01.dbf' SIZE 100M REUSE AUTOEXTEND ON NEXT 10M MAXSIZE UNLIMITED
@@ -20,8 +20,8 @@
 // As an item of a list of files the clause is built with its naming constructor: the item's name is
 // the host's key for the file (CREATE TABLESPACE's "LIST_DATAFILE;<name>;FILE"); the file name itself
 // is still the FILE leaf.
-#ifndef QARVELT_CLAUSES_FILE_SPEC_H
-#define QARVELT_CLAUSES_FILE_SPEC_H
+#ifndef QARVELT_CLAUSES_DATA_FILE_H
+#define QARVELT_CLAUSES_DATA_FILE_H
 
 #include <string>
 
@@ -29,11 +29,11 @@
 
 namespace qarvelt {
 
-class CSQLClauseFileSpec : public Cloneable<CSQLClauseFileSpec> {
+class CSQLClauseDataFile : public Cloneable<CSQLClauseDataFile> {
  public:
-  explicit CSQLClauseFileSpec(bool bInit = true, int nOraVersion = 7);
+  explicit CSQLClauseDataFile(bool bInit = true, int nOraVersion = 7);
   // Builds the tree and names the node: a file of a DATAFILE or TEMPFILE list.
-  explicit CSQLClauseFileSpec(const char* name);
+  explicit CSQLClauseDataFile(const char* name);
 
   // After-prefix callback of the "AUTOEXTEND" leaf: ends the leaf (returns 1) when its text is
   // exactly AUTOEXTEND OFF, so that no NEXT or MAXSIZE follows.
@@ -45,4 +45,4 @@ class CSQLClauseFileSpec : public Cloneable<CSQLClauseFileSpec> {
 
 }  // namespace qarvelt
 
-#endif  // QARVELT_CLAUSES_FILE_SPEC_H
+#endif  // QARVELT_CLAUSES_DATA_FILE_H
