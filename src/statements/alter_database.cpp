@@ -202,13 +202,6 @@ void CSQLAlterDatabase::init() {
             dropMember(v)));
 }
 
-int CSQLAlterDatabase::postModifiedSQL(const char* path, std::string& text) {
-  AlterStatement::postModifiedSQL(path, text);
-  CSQLClause* name = GetClause(kNameLeaf);
-  if (name != nullptr && text == std::string(kVerb) + " " + name->GetValue()) text.clear();
-  return SQL_OK;
-}
-
 CSQLAlterDatabase::CSubSQLItemFile::CSubSQLItemFile(const char* name) : Cloneable(kLatestRelease) {
   setup(name, true);
 }

@@ -152,13 +152,6 @@ void CSQLAlterIndexType::init() {
          Or(And(list("LIST_ADD_DROP", ", "), usingType(v)), leaf("COMPILE")));
 }
 
-int CSQLAlterIndexType::postModifiedSQL(const char* path, std::string& text) {
-  const int result = AlterStatement::postModifiedSQL(path, text);
-  CSQLClause* name = GetClause("INDEXTYPE");
-  if (name != nullptr && text == std::string(kVerb) + " " + name->GetValue()) text.clear();
-  return result;
-}
-
 CSQLAlterIndexType::CSubSQLItemOperator::CSubSQLItemOperator(const char* name) : Cloneable(kLatestRelease) {
   setup(name, true);
 }

@@ -76,9 +76,6 @@ class CSQLAlterDatabase : public AlterStatement<CSQLAlterDatabase> {
 
  protected:
   void init() override;
-  // The shared ALTER ending, and also drops a text that holds nothing but the verb and the database
-  // name, since the database has no schema.
-  int postModifiedSQL(const char* path, std::string& text) override;
 };
 
 }  // namespace qarvelt

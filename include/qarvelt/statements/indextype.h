@@ -135,8 +135,6 @@ class CSQLAlterIndexType : public AlterStatement<CSQLAlterIndexType> {
 
  protected:
   void init() override;
-  // Also empties the head of an index type named without its schema.
-  int postModifiedSQL(const char* path, std::string& text) override;
 };
 
 }  // namespace qarvelt
