@@ -32,6 +32,26 @@ void walkTree(CSQLClause* node, Trail& trail, std::vector<Found>& leaves, std::v
   }
 }
 
+// Every class at every release code, built, with its leaves and OR containers found.
+struct Built {
+  const NodeClass& kind;
+  int release;
+  std::unique_ptr<CSQLClause> root;
+  std::vector<Found> leaves, ors;
+};
+
+template <class Fn>
+void forEveryTree(Fn&& fn) {
+  for (const NodeClass& c : NodeClasses()) {
+    for (int release = kFirstRelease; release <= kLastRelease; ++release) {
+      Built built{c, release, c.make(release), {}, {}};
+      Trail trail;
+      walkTree(built.root.get(), trail, built.leaves, built.ors);
+      fn(built);
+    }
+  }
+}
+
 bool startsWith(const Trail& trail, const Trail& prefix) {
   return trail.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), trail.begin());
 }
@@ -72,53 +92,51 @@ std::string describe(const NodeClass& c, int release, const std::vector<const CS
 TEST(PassLoops, EveryOneAndTwoLeafSettingEnds) {
   std::vector<std::string> endless;
   int settings = 0;
-  for (const NodeClass& c : NodeClasses()) {
-    for (int release = kFirstRelease; release <= kLastRelease; ++release) {
-      auto root = c.make(release);
-      std::vector<Found> leaves, ors;
-      Trail trail;
-      walkTree(root.get(), trail, leaves, ors);
-      auto check = [&](std::vector<const CSQLClause*> set) {
-        ++settings;
-        if (!loopEnds(*root, static_cast<int>(set.size())) && endless.size() < 40)
-          endless.push_back(describe(c, release, set));
-        root->Clear();
-      };
-      for (const Found& leaf : leaves) {
-        for (const std::string& value : valuesFor(leaf.node)) {
-          if (!setLeaf(leaf.node, {value})) continue;
-          check({leaf.node});
-        }
-      }
-      // One leaf in each of two alternatives: the first leaves of every pair of alternatives, and
-      // every leaf of each alternative with the first leaf of another.
-      for (const Found& orNode : ors) {
-        const std::size_t n = static_cast<std::size_t>(orNode.node->GetLength());
-        std::vector<std::vector<const Found*>> inAlternative(n);
-        for (const Found& leaf : leaves) {
-          if (leaf.trail.size() <= orNode.trail.size() || !startsWith(leaf.trail, orNode.trail)) continue;
-          inAlternative[static_cast<std::size_t>(leaf.trail[orNode.trail.size()])].push_back(&leaf);
-        }
-        auto setPair = [&](const Found* x, const Found* y) {
-          if (setLeaf(x->node, valuesFor(x->node)) && setLeaf(y->node, valuesFor(y->node))) {
-            check({x->node, y->node});
-          } else {
-            root->Clear();
-          }
-        };
-        for (std::size_t a = 0; a < n; ++a) {
-          if (inAlternative[a].empty()) continue;
-          for (std::size_t b = a + 1; b < n; ++b) {
-            if (!inAlternative[b].empty()) setPair(inAlternative[a][0], inAlternative[b][0]);
-          }
-          const std::size_t other = a == 0 ? 1 : 0;
-          if (other >= n || inAlternative[other].empty()) continue;
-          for (const Found* leaf : inAlternative[a])
-            setPair(leaf, inAlternative[other][0]);
-        }
+  forEveryTree([&](Built& tree) {
+    const NodeClass& c = tree.kind;
+    const int release = tree.release;
+    auto& root = tree.root;
+    const std::vector<Found>& leaves = tree.leaves;
+    auto check = [&](std::vector<const CSQLClause*> set) {
+      ++settings;
+      if (!loopEnds(*root, static_cast<int>(set.size())) && endless.size() < 40)
+        endless.push_back(describe(c, release, set));
+      root->Clear();
+    };
+    for (const Found& leaf : leaves) {
+      for (const std::string& value : valuesFor(leaf.node)) {
+        if (!setLeaf(leaf.node, {value})) continue;
+        check({leaf.node});
       }
     }
-  }
+    // One leaf in each of two alternatives: the first leaves of every pair of alternatives, and
+    // every leaf of each alternative with the first leaf of another.
+    for (const Found& orNode : tree.ors) {
+      const std::size_t n = static_cast<std::size_t>(orNode.node->GetLength());
+      std::vector<std::vector<const Found*>> inAlternative(n);
+      for (const Found& leaf : leaves) {
+        if (leaf.trail.size() <= orNode.trail.size() || !startsWith(leaf.trail, orNode.trail)) continue;
+        inAlternative[static_cast<std::size_t>(leaf.trail[orNode.trail.size()])].push_back(&leaf);
+      }
+      auto setPair = [&](const Found* x, const Found* y) {
+        if (setLeaf(x->node, valuesFor(x->node)) && setLeaf(y->node, valuesFor(y->node))) {
+          check({x->node, y->node});
+        } else {
+          root->Clear();
+        }
+      };
+      for (std::size_t a = 0; a < n; ++a) {
+        if (inAlternative[a].empty()) continue;
+        for (std::size_t b = a + 1; b < n; ++b) {
+          if (!inAlternative[b].empty()) setPair(inAlternative[a][0], inAlternative[b][0]);
+        }
+        const std::size_t other = a == 0 ? 1 : 0;
+        if (other >= n || inAlternative[other].empty()) continue;
+        for (const Found* leaf : inAlternative[a])
+          setPair(leaf, inAlternative[other][0]);
+      }
+    }
+  });
   EXPECT_GT(settings, 10000);
   EXPECT_TRUE(endless.empty()) << endless.size() << " settings loop, among them:\n"
                                << ::testing::PrintToString(endless);
@@ -130,33 +148,31 @@ TEST(PassLoops, RandomSettingsOfManyLeavesEnd) {
   std::mt19937 random(20261124);
   const std::vector<std::string> pool = {"1", "2", "X", "NOCOMPRESS", "TEMPORARY", "PRESERVE", "CASCADE"};
   std::vector<std::string> endless;
-  for (const NodeClass& c : NodeClasses()) {
-    for (int release = kFirstRelease; release <= kLastRelease; ++release) {
-      auto root = c.make(release);
-      std::vector<Found> leaves, ors;
-      Trail trail;
-      walkTree(root.get(), trail, leaves, ors);
-      if (leaves.empty()) continue;
-      for (int trial = 0; trial < 100; ++trial) {
-        std::uniform_int_distribution<std::size_t> pick(0, leaves.size() - 1);
-        const int count = 1 + static_cast<int>(random() % 24);
-        for (int i = 0; i < count; ++i) {
-          CSQLClause* leaf = leaves[pick(random)].node;
-          if (random() % 4 == 0) leaf->SetInit(nullptr, pool[random() % pool.size()].c_str());
-          const std::vector<std::string> own = valuesFor(leaf);
-          leaf->SetValue(nullptr,
-                         (random() % 2 ? own[random() % own.size()] : pool[random() % pool.size()]).c_str());
-        }
-        int changes = 0;
-        for (const Found& leaf : leaves)
-          changes += leaf.node->IsModified(nullptr) ? 1 : 0;
-        if (!loopEnds(*root, changes) && endless.size() < 20)
-          endless.push_back(std::string(c.name) + " at " + std::to_string(release) + ", trial " +
-                            std::to_string(trial));
-        root->Clear();
+  forEveryTree([&](Built& tree) {
+    const NodeClass& c = tree.kind;
+    const int release = tree.release;
+    auto& root = tree.root;
+    const std::vector<Found>& leaves = tree.leaves;
+    if (leaves.empty()) return;
+    for (int trial = 0; trial < 100; ++trial) {
+      std::uniform_int_distribution<std::size_t> pick(0, leaves.size() - 1);
+      const int count = 1 + static_cast<int>(random() % 24);
+      for (int i = 0; i < count; ++i) {
+        CSQLClause* leaf = leaves[pick(random)].node;
+        if (random() % 4 == 0) leaf->SetInit(nullptr, pool[random() % pool.size()].c_str());
+        const std::vector<std::string> own = valuesFor(leaf);
+        leaf->SetValue(nullptr,
+                       (random() % 2 ? own[random() % own.size()] : pool[random() % pool.size()]).c_str());
       }
+      int changes = 0;
+      for (const Found& leaf : leaves)
+        changes += leaf.node->IsModified(nullptr) ? 1 : 0;
+      if (!loopEnds(*root, changes) && endless.size() < 20)
+        endless.push_back(std::string(c.name) + " at " + std::to_string(release) + ", trial " +
+                          std::to_string(trial));
+      root->Clear();
     }
-  }
+  });
   EXPECT_TRUE(endless.empty()) << ::testing::PrintToString(endless);
 }
 
