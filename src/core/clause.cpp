@@ -178,7 +178,8 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
 bool CSQLClause::beginText(const char* path, std::string& text) {
   text.clear();
   preModifiedSQL(path, text);
-  if (m_cbAfterPrefix == nullptr || m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) != 1) return false;
+  if (m_cbAfterPrefix == nullptr || m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) != 1)
+    return false;
   // The callback has finished the node: what it wrote, or left out, counts as written.
   markWritten();
   return true;
