@@ -1,6 +1,7 @@
 // Statements in the form Oracle accepts: keywords where the grammar puts them, LOB items in the form
 // of the list that holds them, templates opened by their keywords, and no text for an ALTER that
-// alters nothing. Each case is checked at every release code from its first one to the latest.
+// alters nothing. Each case is checked at every release code from the first one whose Oracle has that
+// syntax to the latest.
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -89,13 +90,13 @@ INSTANTIATE_TEST_SUITE_P(
         // CREATE OUTLINE
         OracleCase{"outline from a private source",
                    &at<CSQLCreateOutline>,
-                   0,
+                   3,
                    {},
                    {{"OUTLINE", "O2"}, {"FROM", "O"}},
                    "CREATE OUTLINE O2 FROM O"},
         OracleCase{"outline from a public source in a category",
                    &at<CSQLCreateOutline>,
-                   0,
+                   3,
                    {},
                    {{"OUTLINE", "O2"}, {"FROM_PUBLIC", "PUBLIC"}, {"FROM", "O"}, {"CATEGORY", "DEV"}},
                    "CREATE OUTLINE O2 FROM PUBLIC O FOR CATEGORY DEV"},
@@ -124,13 +125,16 @@ INSTANTIATE_TEST_SUITE_P(
                      &named<CSQLClauseSubPartitionSpec>, "S1"},
                     {"C_COMPOSITE_PART;C_SUBPART_BY_LIST;C_SUBPART_TEMPLATE;C_PART_LEVEL_SUBPART;LIST;S1;"
                      "C_LISTVALUES;LIST",
-                     &text, "'X'"}},
+                     &text, "'X'"},
+                    {"C_COMPOSITE_PART;LISTSUB", &named<Part::CSubSQLItemRange>, "P1"},
+                    {"C_COMPOSITE_PART;LISTSUB;P1;C_RANGEVALUES;LIST", &text, "MAXVALUE"}},
                    {{"C_COMPOSITE_PART;C_SUBPART_BY_LIST;COLUMN", "B"},
                     {"C_COMPOSITE_PART;C_SUBPART_BY_LIST;C_SUBPART_TEMPLATE;C_PART_LEVEL_SUBPART;LIST;S1;"
                      "SUBPARTITION",
-                     "S1"}},
+                     "S1"},
+                    {"C_COMPOSITE_PART;LISTSUB;P1;PARTITION", "P1"}},
                    "PARTITION BY RANGE (A) SUBPARTITION BY LIST (B) SUBPARTITION TEMPLATE ( SUBPARTITION S1 "
-                   "VALUES ('X'))"},
+                   "VALUES ('X')) ( PARTITION P1 VALUES LESS THAN (MAXVALUE))"},
         OracleCase{
             "a partition lists its own subpartitions without the template keywords",
             [](int) -> std::unique_ptr<CSQLClause> { return make_unique<Part::CSubSQLItemRange>("P1"); },
@@ -142,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(
         // LOB items where attributes change: the parameters follow the item
         OracleCase{"default attributes of a LOB",
                    &alterTable,
-                   0,
+                   2,
                    {{"C_ALTER_TAB_PART;C_MODIFY_TABLE_DEF_ATTR;LIST", &named<CSQLClauseLOBItem>, "C"}},
                    {{"C_ALTER_TAB_PART;C_MODIFY_TABLE_DEF_ATTR;PARTITION", "P1"},
                     {"C_ALTER_TAB_PART;C_MODIFY_TABLE_DEF_ATTR;LIST;C;LOB", "C"},
@@ -150,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "ALTER TABLE S.T MODIFY DEFAULT ATTRIBUTES FOR PARTITION P1 LOB (C) (TABLESPACE X)"},
         OracleCase{"default attributes of a varray",
                    &alterTable,
-                   0,
+                   2,
                    {{"C_ALTER_TAB_PART;C_MODIFY_TABLE_DEF_ATTR;LIST", &named<CSQLClauseLOBItemB>, "V"}},
                    {{"C_ALTER_TAB_PART;C_MODIFY_TABLE_DEF_ATTR;LIST;V;VARRAY", "V"},
                     {"C_ALTER_TAB_PART;C_MODIFY_TABLE_DEF_ATTR;LIST;V;VARRAY;C_LOB_PARAMETER;CHUNK", "8192"}},
@@ -158,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
         OracleCase{
             "modified LOB of a partition",
             &alterTable,
-            0,
+            2,
             {{kPartAttrs, &named<CSQLClauseModifyLOBStorage>, "C"}},
             {{kModPart, "P1"},
              {"C_ALTER_TAB_PART;C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;C_PARTITION_ATTRIBUTE;LIST;C;"
@@ -171,7 +175,7 @@ INSTANTIATE_TEST_SUITE_P(
         OracleCase{
             "LOB and varray items of a modified partition",
             &alterTable,
-            0,
+            2,
             {{kPartAttrs, &named<CSQLClauseLOBItem>, "C"}, {kPartAttrs, &named<CSQLClauseLOBItem>, "V"}},
             {{kModPart, "P1"},
              {"C_ALTER_TAB_PART;C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;C_PARTITION_ATTRIBUTE;LIST;C;LOB",
@@ -189,7 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
         OracleCase{
             "modified LOB of a subpartition, REBUILD FREEPOOLS",
             &alterTable,
-            0,
+            3,
             {{kSubpartLOBs, &named<CSQLClauseModifyLOBStorage>, "C"}},
             {{"C_ALTER_TAB_PART;C_MOD_TAB_SUBPART;SUBPARTITION", "S1"},
              {"C_ALTER_TAB_PART;C_MOD_TAB_SUBPART;SUBPARTITION;C_MOD_HASH_SUBPART;LIST;C;LOBITEM", "C"},
@@ -199,7 +203,7 @@ INSTANTIATE_TEST_SUITE_P(
             "ALTER TABLE S.T MODIFY SUBPARTITION S1 LOB (C) (REBUILD FREEPOOLS)"},
         OracleCase{"LOB storage in the MODIFY of columns",
                    &alterTable,
-                   0,
+                   1,
                    {{kModColLOBs, &named<CSQLClauseLOBStorage>, "C"},
                     {kModColLOBs, &named<CSQLClauseColumnProp::CSubSQLItemLOB>, "D"}},
                    {{"C_COLUMN;C_MOD_COLUMN;C_MOD_COL_PROP;LISTLOB;C;LOBITEM", "C"},
@@ -211,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "ALTER TABLE S.T MODIFY LOB (C) (CACHE) MODIFY LOB (D) (PCTVERSION 10)"},
         OracleCase{"MODIFY LOB of a column, REBUILD written with a trailing blank",
                    &alterTable,
-                   0,
+                   3,
                    {{"C_COLUMN;LIST_LOB", &named<CSQLClauseModifyLOBStorage>, "C"}},
                    {{"C_COLUMN;LIST_LOB;C;LOBITEM", "C"},
                     {"C_COLUMN;LIST_LOB;C;C_MOD_LOB_PARAMETER;REBUILD", "REBUILD "}},
@@ -220,7 +224,7 @@ INSTANTIATE_TEST_SUITE_P(
         OracleCase{
             "LOB and varray items of an added partition",
             &alterTable,
-            0,
+            2,
             {{"C_ALTER_TAB_PART;C_ADD_TAB_PART;C_ADD_RANGE_PART;C_RANGEVALUES;LIST", &text, "40"},
              {"C_ALTER_TAB_PART;C_ADD_TAB_PART;C_ADD_RANGE_PART;C_TAB_PART_DESC;LIST",
               &named<CSQLClauseLOBItem>, "C"},
@@ -246,7 +250,7 @@ INSTANTIATE_TEST_SUITE_P(
             "ALTER TABLE S.T MOVE LOB (C) STORE AS (TABLESPACE X)"},
         OracleCase{"varray of an added hash partition, with its segment after LOB",
                    &alterTable,
-                   0,
+                   7,
                    {},
                    {{"C_ALTER_TAB_PART;C_ADD_TAB_PART;C_ADD_HASH_PART;PARTITION", "P5"},
                     {"C_ALTER_TAB_PART;C_ADD_TAB_PART;C_ADD_HASH_PART;C_PARTITION_STORAGE;VARRAY", "V"},
@@ -257,7 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "ALTER TABLE S.T ADD PARTITION P5 VARRAY V STORE AS SECUREFILE LOB VSEG"},
         OracleCase{"varray stored with its parameters in brackets",
                    &at<CSQLClauseVarrayColProp>,
-                   0,
+                   2,
                    {},
                    {{"VARRAY", "V"}, {"VARRAY;C_LOB_PARAMETER;CHUNK", "8192"}},
                    "VARRAY V STORE AS LOB (CHUNK 8192)"},
@@ -270,7 +274,7 @@ INSTANTIATE_TEST_SUITE_P(
         // REF scopes
         OracleCase{"out-of-line REF scope",
                    &alterTable,
-                   0,
+                   3,
                    {},
                    {{"C_CONSTRAINT;C_OUTLINE_REF_CONSTRAINT;SCOPE", "SCOPE"},
                     {"C_CONSTRAINT;C_OUTLINE_REF_CONSTRAINT;SCOPE;REFVAL", "R"},
@@ -278,14 +282,14 @@ INSTANTIATE_TEST_SUITE_P(
                    "ALTER TABLE S.T ADD SCOPE FOR (R) IS T2"},
         OracleCase{"scoped table reference of an object table",
                    &at<CSQLClauseScopedTabRefConstraint>,
-                   0,
+                   2,
                    {{"LIST", &named<CSQLClauseScopedTabRefConstraint::CSubSQLItem>, "C"}},
                    {{"LIST;C;REFCOLUMN", "C"}, {"LIST;C;SCHEMA", "S"}, {"LIST;C;TABLE", "T"}},
                    "SCOPE FOR (C) IS S.T"},
         // partition maintenance
         OracleCase{"subpartition merge",
                    &alterTable,
-                   0,
+                   4,
                    {},
                    {{"C_ALTER_TAB_PART;C_MERGE_TABLE_SUBPART;PARTITION1", "A,"},
                     {"C_ALTER_TAB_PART;C_MERGE_TABLE_SUBPART;PARTITION2", "B"},
@@ -294,7 +298,7 @@ INSTANTIATE_TEST_SUITE_P(
         OracleCase{
             "coalesce subpartition with indexes and parallel",
             &alterTable,
-            0,
+            3,
             {},
             {{kModPart, "P1"},
              {"C_ALTER_TAB_PART;C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;COALESCE", "COALESCE"},
@@ -307,7 +311,7 @@ INSTANTIATE_TEST_SUITE_P(
             "ALTER TABLE S.T MODIFY PARTITION P1 COALESCE SUBPARTITION UPDATE GLOBAL INDEXES PARALLEL 2"},
         OracleCase{"dropped partition, indexes updated in parallel",
                    &alterTable,
-                   0,
+                   3,
                    {},
                    {{"C_ALTER_TAB_PART;C_DROP_TAB_PART;PARTITION", "P1"},
                     {"C_ALTER_TAB_PART;C_DROP_TAB_PART;PARTITION;UPDATE", "UPDATE"},
@@ -316,7 +320,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "ALTER TABLE S.T DROP PARTITION P1 UPDATE GLOBAL INDEXES PARALLEL 2"},
         OracleCase{"exchanged subpartition, indexes updated in parallel",
                    &alterTable,
-                   0,
+                   3,
                    {},
                    {{"C_ALTER_TAB_PART;C_EXCHANGE_PART_SUBPART;SUBPARTITION", "S1"},
                     {"C_ALTER_TAB_PART;C_EXCHANGE_PART_SUBPART;TABLE", "WITH TABLE T2 WITHOUT"},
@@ -327,13 +331,13 @@ INSTANTIATE_TEST_SUITE_P(
         // table and column properties
         OracleCase{"records per block",
                    &alterTable,
-                   0,
+                   2,
                    {},
                    {{"C_ALT_TABLE_PROPERTY;C_RECORDS_PER_BLK;MINIMIZE", "NOMINIMIZE"}},
                    "ALTER TABLE S.T NOMINIMIZE RECORDS_PER_BLOCK"},
         OracleCase{"substitutability of a column, forced",
                    &alterTable,
-                   0,
+                   3,
                    {},
                    {{"C_COLUMN;C_MOD_COLUMN;C_MOD_COLUMN_SUBS;COLUMN", "C"},
                     {"C_COLUMN;C_MOD_COLUMN;C_MOD_COLUMN_SUBS;NOT", "NOT"},
@@ -341,7 +345,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "ALTER TABLE S.T MODIFY COLUMN C NOT SUBSTITUTABLE AT ALL LEVELS FORCE"},
         OracleCase{"substitutability of a column, NOT written with a trailing blank",
                    &alterTable,
-                   0,
+                   3,
                    {},
                    {{"C_COLUMN;C_MOD_COLUMN;C_MOD_COLUMN_SUBS;COLUMN", "C"},
                     {"C_COLUMN;C_MOD_COLUMN;C_MOD_COLUMN_SUBS;NOT", "NOT "}},

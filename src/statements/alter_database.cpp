@@ -180,7 +180,7 @@ void CSQLAlterDatabase::init() {
   attach(this,
          leaf("DATABASE"),
          Or(leaf("MOUNT"),
-            leaf("OPEN").with(leaf("READ", "READ "), leaf("RESETLOGS")),
+            leaf("OPEN").with(when(v >= 2, leaf("READ", "READ ")), leaf("RESETLOGS")),
             leaf("ARCHIVELOG"),
             when(v >= 4, leaf("FORCE", "", "", " LOGGING")),
             when(v >= 4, supplemental()),

@@ -8,7 +8,7 @@
 //
 // Release-code gates (0 Oracle7 7.3, 2 Oracle8i, 3 Oracle9i Release 1, 4 Oracle9i Release 2,
 // 5 Oracle 10g Release 1):
-//   from 2  the temp file clauses;
+//   from 2  the temp file clauses, OPEN READ ONLY and READ WRITE;
 //   from 3  DEFAULT TEMPORARY TABLESPACE, SET TIME_ZONE, STANDBY log files, DROP INCLUDING DATAFILES
 //           of a temp file;
 //   from 4  [NO] FORCE LOGGING, ADD | DROP SUPPLEMENTAL LOG DATA;
@@ -27,7 +27,8 @@ namespace qarvelt {
 
 // The alteration is one of (the first that has text, per pass):
 //   "MOUNT" (the keyword);
-//   "OPEN" (the keyword) with "OPEN;READ" (ONLY or WRITE, written READ ONLY) and "OPEN;RESETLOGS"
+//   "OPEN" (the keyword) with "OPEN;READ" (ONLY or WRITE, written READ ONLY; from code 2, Oracle8i)
+//   and "OPEN;RESETLOGS"
 //     (RESETLOGS or NORESETLOGS);
 //   "ARCHIVELOG" (ARCHIVELOG or NOARCHIVELOG);
 //   "FORCE" (FORCE or NO FORCE, written with LOGGING);
