@@ -240,11 +240,13 @@ class RatioReporter : public benchmark::ConsoleReporter {
   }
 
  private:
+  // The spread of a side: standard deviation over mean of its repetitions.
   std::string cv(const std::string& name) const {
-    auto c = m_times.find({name, "cv"});
-    if (c == m_times.end()) return "";
+    auto mean = m_times.find({name, "mean"});
+    auto stddev = m_times.find({name, "stddev"});
+    if (mean == m_times.end() || stddev == m_times.end() || mean->second <= 0) return "";
     char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.1f%%", c->second * 100.0);
+    std::snprintf(buffer, sizeof buffer, "%.1f%%", stddev->second / mean->second * 100.0);
     return buffer;
   }
 
