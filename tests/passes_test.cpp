@@ -161,5 +161,19 @@ TEST(Clones, DeepCopyOfShapeTextsAndValues) {
   EXPECT_EQ(self.GetLength(), 2);
 }
 
+// A leaf that names the target of alternatives (MODIFY PARTITION P1 ...) keeps its value while one of
+// them is still unwritten, so every pass names the partition it alters.
+TEST(Passes, TargetNameStaysUntilItsAlterationsAreWritten) {
+  CSQLAlterIndex alter;
+  alter.SetValue("INDEX", "I");
+  alter.SetValue("C_ALT_IDX_PART;C_MOD_IDX_PART;PARTITION", "P1");
+  alter.SetValue("C_ALT_IDX_PART;C_MOD_IDX_PART;PARTITION;COALESCE", "COALESCE");
+  alter.SetValue("C_ALT_IDX_PART;C_MOD_IDX_PART;PARTITION;UNUSABLE", "UNUSABLE");
+  const std::vector<std::string> expected = {"ALTER INDEX I MODIFY PARTITION P1 COALESCE",
+                                             "ALTER INDEX I MODIFY PARTITION P1 UNUSABLE"};
+  EXPECT_EQ(passes(alter), expected);
+  EXPECT_FALSE(alter.IsModified("C_ALT_IDX_PART;*"));
+}
+
 }  // namespace
 }  // namespace qarvelt::testing

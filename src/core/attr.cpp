@@ -86,7 +86,9 @@ bool CSQLAttr::hasUnused() {
 
 void CSQLAttr::resetUsedAttrs() {
   CSQLClause::resetUsedAttrs();
-  if (m_bUsed) {
+  // A written leaf whose children still hold unwritten changes names what those changes apply to
+  // (MODIFY PARTITION P1 with one alteration per pass): it keeps its value until they are written.
+  if (m_bUsed && !CSQLClause::hasUnused()) {
     m_strValue = m_strInit;
     m_bUsed = false;
   }
