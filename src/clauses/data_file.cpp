@@ -14,14 +14,14 @@ CSQLClauseDataFile::CSQLClauseDataFile(const char* name) : Cloneable(kLatestRele
   setup(name, true);
 }
 
+Node AutoextendLeaf() {
+  return leaf("AUTOEXTEND", "AUTOEXTEND ")
+      .afterPrefix(&CSQLClauseDataFile::CbAfterPrefix)
+      .with(leaf("NEXT", "NEXT "), leaf("MAXSIZE", "MAXSIZE "));
+}
+
 void CSQLClauseDataFile::init() {
-  attach(this,
-         leaf("FILE", "'", "", "'"),
-         leaf("SIZE", "SIZE "),
-         leaf("REUSE"),
-         leaf("AUTOEXTEND", "AUTOEXTEND ")
-             .afterPrefix(&CbAfterPrefix)
-             .with(leaf("NEXT", "NEXT "), leaf("MAXSIZE", "MAXSIZE ")));
+  attach(this, leaf("FILE", "'", "", "'"), leaf("SIZE", "SIZE "), leaf("REUSE"), AutoextendLeaf());
 }
 
 int CSQLClauseDataFile::CbAfterPrefix(std::string& text,

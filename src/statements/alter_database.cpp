@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "qarvelt/clauses/data_file.h"
 #include "qarvelt/core/builder.h"
 
 namespace qarvelt {
@@ -24,8 +25,7 @@ Node quoted(const char* name, const char* keyword) {
 
 // AUTOEXTEND OFF | ON [NEXT size] [MAXSIZE size | UNLIMITED] of a data or temp file.
 Node autoextend() {
-  return named("C_AUTOEXTEND",
-               leaf("AUTOEXTEND", "AUTOEXTEND ").with(leaf("NEXT", "NEXT "), leaf("MAXSIZE", "MAXSIZE ")));
+  return named("C_AUTOEXTEND", AutoextendLeaf());
 }
 
 // STANDBY before LOGFILE, from Oracle9i on.

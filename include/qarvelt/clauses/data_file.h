@@ -25,9 +25,15 @@
 
 #include <string>
 
+#include "qarvelt/core/builder.h"
 #include "qarvelt/core/cloneable.h"
 
 namespace qarvelt {
+
+// AUTOEXTEND OFF | ON [NEXT n] [MAXSIZE n | UNLIMITED]: the "AUTOEXTEND" leaf with "NEXT" and "MAXSIZE"
+// below it, as every statement that sizes a datafile or tempfile writes it (this clause, ALTER
+// DATABASE DATAFILE ..., ALTER TABLESPACE ...).
+build::Node AutoextendLeaf();
 
 class CSQLClauseDataFile : public Cloneable<CSQLClauseDataFile> {
  public:

@@ -53,8 +53,9 @@ namespace qarvelt {
 //   "C_ALT_DB_ADD_MEMBER": ADD, "STANDBY", LOGFILE MEMBER, the list "LIST", "REUSE", "GROUP"
 //     (written TO GROUP);
 //   "C_ALT_DB_DROP_MEMBER": DROP, "STANDBY", LOGFILE MEMBER, the list "LIST".
-// "C_AUTOEXTEND" is "AUTOEXTEND" (ON or OFF) with "AUTOEXTEND;NEXT" and "AUTOEXTEND;MAXSIZE" (a size
-// or UNLIMITED). Every file list takes CSubSQLItemFile items.
+// "C_AUTOEXTEND" holds the shared AUTOEXTEND leaf (clauses/data_file.h): "AUTOEXTEND" (ON or OFF) with
+// "AUTOEXTEND;NEXT" and "AUTOEXTEND;MAXSIZE" (a size or UNLIMITED); AUTOEXTEND OFF ends it. Every file
+// list takes CSubSQLItemFile items.
 // The files of C_ALT_DB_DATAFILE and C_ALT_DB_TEMPFILE name what is altered, not a change: a pass
 // takes back the alteration that it wrote but keeps the files, so that two alterations of one file
 // split over two passes both name it; without an alteration left the clause writes nothing.
