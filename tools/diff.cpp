@@ -514,6 +514,12 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       load(renamed, "NAME", nowId, nowId);
       loadChanges(renamed);
     }
+    if (!old.constraint_name.empty() && !now.constraint_name.empty() &&
+        old.constraint_name != now.constraint_name) {
+      warn("column " + now.name + ": its inline constraint is renamed from " + old.constraint_name + " to " +
+           now.constraint_name +
+           "; not scripted: declare it among the table's constraints with renamed_from");
+    }
     if ((old.unique && !now.unique) || (old.primary_key && !now.primary_key) ||
         (!old.check.empty() && now.check.empty())) {
       warn("column " + now.name +
@@ -947,6 +953,11 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     for (int i = b.count; i < a.count; ++i) {
       out.push_back(head + " COALESCE PARTITION");
       warn("COALESCE PARTITION of " + tableName(m_before) + " redistributes rows; no data is lost");
+    }
+    if (a.store_in != b.store_in) {
+      warn("the STORE IN tablespaces of " + tableName(m_before) +
+           " change; not scripted: Oracle keeps existing hash partitions where they are (move them with "
+           "ALTER TABLE ... MOVE PARTITION)");
     }
     return;
   }
