@@ -170,16 +170,8 @@ TEST(AlterDatabase, AlterationsOfOneFileSplitOverPasses) {
 }
 
 // Writing twice without a refresh gives the same statement.
-TEST(AlterDatabase, WritingAgainWithoutRefreshRepeatsTheText) {
-  auto db = database(7, {{kTempfile, "T"}})();
-  ASSERT_EQ(db->SetValue("C_ALT_DB_TEMPFILE;LIST;T;FILE", "/u01/temp01.dbf"), SQL_OK);
-  ASSERT_EQ(db->SetValue("C_ALT_DB_TEMPFILE;ONLINE", "ONLINE"), SQL_OK);
-  EXPECT_EQ(write(*db).text, "ALTER DATABASE TEMPFILE '/u01/temp01.dbf' ONLINE");
-  EXPECT_EQ(write(*db).text, "ALTER DATABASE TEMPFILE '/u01/temp01.dbf' ONLINE");
-}
-
 TEST(AlterDatabase, ReleaseGates) {
-  const std::pair<const char*, int> gates[] = {
+  expectGates<CSQLAlterDatabase>({
       {"C_ALT_DB_TEMPFILE", 2},
       {"C_ALT_DB_TEMPFILE;DROP", 3},
       {"TEMPORARY", 3},
@@ -193,11 +185,7 @@ TEST(AlterDatabase, ReleaseGates) {
       {"TRACKING", 5},
       {"FLASHBACK", 5},
       {"C_ALT_DB_CONTROLFILE;TRACE;AS", 5},
-  };
-  for (const auto& [path, first] : gates) {
-    EXPECT_EQ(CSQLAlterDatabase(true, first - 1).GetClause(path), nullptr) << path << " before " << first;
-    EXPECT_NE(CSQLAlterDatabase(true, first).GetClause(path), nullptr) << path << " at " << first;
-  }
+  });
 }
 
 }  // namespace

@@ -173,12 +173,6 @@ INSTANTIATE_TEST_SUITE_P(DataFile, ClusterTablespace, ::testing::Values(
 // clang-format on
 
 // An empty CREATE writes its head; gated syntax is absent below its release and present from it.
-TEST(ClusterTablespace, EmptyCreateWritesTheHeadAlone) {
-  EXPECT_EQ(trimmed(write(*make<CSQLCreateCluster>(7)()).text), "CREATE");
-  EXPECT_EQ(trimmed(write(*make<CSQLCreateTablespace>(0)()).text), "CREATE");
-  EXPECT_EQ(write(*make<CSQLAlterCluster>(7)()).code, 2);
-}
-
 struct Gate {
   std::function<std::unique_ptr<CSQLClause>(int)> make;
   const char* path;
@@ -219,29 +213,6 @@ TEST(ClusterTablespace, ReleaseGates) {
           << gate.path << " at release code " << release;
     }
   }
-}
-
-// The host loop: write, withdraw what was written, again while changes are left.
-std::vector<std::string> passes(CSQLClause& statement) {
-  std::vector<std::string> texts;
-  for (int pass = 0; pass < 10; ++pass) {
-    texts.push_back(trimmed(write(statement).text));
-    statement.RefreshUsed();
-    if (!statement.hasUnused()) break;
-  }
-  return texts;
-}
-
-TEST(ClusterTablespace, AlterClusterWritesOneAlterationPerPass) {
-  CSQLAlterCluster alter(true, 7);
-  alter.SetValue("CLUSTER", "EMP_DEPT");
-  alter.SetValue("C_DEALLOCATE_UNUSED;UNUSED", "UNUSED");
-  alter.SetValue("C_ALLOCATE_EXTENT;EXTENT", "EXTENT");
-  alter.SetInit("C_PHYSICAL_ATTRIBUTES;PCTFREE", "10");
-  alter.SetValue("C_PHYSICAL_ATTRIBUTES;PCTFREE", "20");
-  EXPECT_EQ(passes(alter), (std::vector<std::string>{"ALTER CLUSTER EMP_DEPT PCTFREE 20",
-                                                     "ALTER CLUSTER EMP_DEPT ALLOCATE EXTENT",
-                                                     "ALTER CLUSTER EMP_DEPT DEALLOCATE UNUSED"}));
 }
 
 TEST(ClusterTablespace, DataFileAsNamedListItem) {

@@ -82,13 +82,6 @@ TEST(CreateUser, OneIdentificationPerPass) {
   EXPECT_FALSE(user.hasUnused());
 }
 
-// Each piece of syntax exists from the release that brought it, and not before.
-template <class T>
-void expectGate(const char* path, int first) {
-  EXPECT_EQ(T(true, first - 1).GetClause(path), nullptr) << path << " before " << first;
-  EXPECT_NE(T(true, first).GetClause(path), nullptr) << path << " at " << first;
-}
-
 TEST(CreateUser, ReleaseGates) {
   for (const char* path : {"GLOBALLY", "EXPIRE", "ACCOUNT"})
     expectGate<CSQLCreateUser>(path, 1);

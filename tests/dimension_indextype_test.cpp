@@ -200,22 +200,5 @@ TEST(DimensionsIndexTypes, ReleaseGates) {
   EXPECT_EQ(write(alter).code, SQL_NOTHING);
 }
 
-// Changing the operators and asking for COMPILE gives two statements, one per pass.
-TEST(DimensionsIndexTypes, AlterTwoAlterationsTwoPasses) {
-  auto alter = tree<Alter>(7, {"LIST_ADD_DROP+alter:O", "LIST_ADD_DROP;O;LIST=NUMBER"})();
-  for (const Set& s : std::vector<Set>{{"INDEXTYPE", "TI"},
-                                       {"LIST_ADD_DROP;O;DROP", "DROP"},
-                                       {"LIST_ADD_DROP;O;OPERATOR", "EQ"},
-                                       {"COMPILE", "COMPILE"}})
-    ASSERT_EQ(alter->SetValue(s.path, s.value), SQL_OK) << s.path;
-  std::vector<std::string> texts;
-  for (int pass = 0; pass < 5 && alter->hasUnused(); ++pass) {
-    texts.push_back(trimmed(write(*alter).text));
-    alter->RefreshUsed();
-  }
-  EXPECT_EQ(texts,
-            (std::vector<std::string>{"ALTER INDEXTYPE TI DROP EQ (NUMBER)", "ALTER INDEXTYPE TI COMPILE"}));
-}
-
 }  // namespace
 }  // namespace qarvelt::testing

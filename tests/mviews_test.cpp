@@ -197,21 +197,6 @@ INSTANTIATE_TEST_SUITE_P(Alter, MViews, ::testing::Values(
 // clang-format on
 
 // One alteration per statement: two changes give two statements, one per pass.
-TEST(MViewsPasses, AlterWritesOneAlterationPerPass) {
-  auto tree = alterMV(7)();
-  tree->SetInit("C_REFRESH;FAST", "FAST");
-  tree->SetValue("C_REFRESH;FAST", "COMPLETE");
-  tree->SetValue("COMPILE", "COMPILE");
-  std::vector<std::string> texts;
-  do {
-    texts.push_back(trimmed(write(*tree).text));
-    tree->RefreshUsed();
-  } while (tree->hasUnused() && texts.size() < 5);
-  EXPECT_EQ(texts, (std::vector<std::string>{"ALTER MATERIALIZED VIEW S.MV REFRESH COMPLETE",
-                                             "ALTER MATERIALIZED VIEW S.MV COMPILE"}));
-}
-
-// Each piece of syntax exists from the release that brought it, and not before.
 struct Gate {
   std::unique_ptr<CSQLClause> (*make)(int);
   int release;

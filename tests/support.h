@@ -3,9 +3,11 @@
 #define QARVELT_TESTS_SUPPORT_H
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -106,6 +108,19 @@ inline void checkTreeCase(const TreeCase& c) {
 template <class T>
 std::function<std::unique_ptr<CSQLClause>()> make(int nOraVersion) {
   return [nOraVersion] { return std::make_unique<T>(true, nOraVersion); };
+}
+
+// A release gate: the path exists in T's tree from release code `first` on, and not one code before.
+template <class T>
+void expectGate(const char* path, int first) {
+  EXPECT_EQ(T(true, first - 1).GetClause(path), nullptr) << path << " before " << first;
+  EXPECT_NE(T(true, first).GetClause(path), nullptr) << path << " at " << first;
+}
+
+template <class T>
+void expectGates(std::initializer_list<std::pair<const char*, int>> gates) {
+  for (const auto& [path, first] : gates)
+    expectGate<T>(path, first);
 }
 
 }  // namespace qarvelt::testing
