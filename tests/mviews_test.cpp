@@ -197,54 +197,46 @@ INSTANTIATE_TEST_SUITE_P(Alter, MViews, ::testing::Values(
 // clang-format on
 
 // One alteration per statement: two changes give two statements, one per pass.
-struct Gate {
-  std::unique_ptr<CSQLClause> (*make)(int);
-  int release;
-  std::vector<const char*> paths;
-};
-
-template <class T>
-std::unique_ptr<CSQLClause> build(int v) {
-  return std::make_unique<T>(true, v);
-}
-
 TEST(MViewsGates, PathsExistFromTheirRelease) {
-  const auto createMV = &build<CSQLCreateMaterializedView>;
-  const auto createLog = &build<CSQLCreateMaterializedViewLog>;
-  const auto alterMV = &build<CSQLAlterMaterializedView>;
-  const auto alterLog = &build<CSQLAlterMViewLog>;
-  const std::vector<Gate> gates = {
-      {createMV, 1, {"C_REFRESH;WITH"}},
-      {createMV,
-       2,
-       {"PREBUILT", "C_MV_LOB;LIST", "C_TABLE_PART", "CACHE", "C_PARALLEL", "BUILD", "C_REFRESH;ON",
-        "C_REFRESH;DEFAULT", "C_REFRESH;NEVER", "REWRITE"}},
-      {createMV, 3, {"C_MV_PHYSICAL_PROP;INDEX"}},
-      {createMV, 4, {"C_MV_PHYSICAL_PROP;COMPRESS", "C_USING_INDEX;NO"}},
-      {createMV, 6, {"C_MV_ALIASES;LIST"}},
-      {createLog, 1, {"C_MV_LOG_WITH;LIST"}},
-      {createLog, 2, {"NEW", "CACHE", "C_PARALLEL", "C_TABLE_PART", "C_SEG_ATTRIBUTE;LOGGING"}},
-      {createLog, 7, {"C_PURGE;IMMEDIATE"}},
-      {alterMV,
-       2,
-       {"C_MV_LOB;LIST", "C_MV_MOD_LOB;LIST", "C_ALTER_TAB_PART", "C_PARALLEL", "LOGGING",
-        "C_ALLOCATE_EXTENT", "C_DEALLOCATE_UNUSED", "CACHE", "REWRITE", "COMPILE", "C_REFRESH;ON"}},
-      {alterMV, 3, {"C_ALTER_IOT"}},
-      {alterMV, 4, {"COMPRESS", "CONSIDER"}},
-      {alterMV, 5, {"C_SHRINK"}},
-      {alterLog, 1, {"C_MV_LOG_ADD;LIST"}},
-      {alterLog, 2, {"C_MV_LOG_ADD;NEW"}},
-      {alterLog, 4, {"FORCE"}},
-      {alterLog, 7, {"C_PURGE;START"}},
-  };
-  for (const Gate& gate : gates) {
-    auto before = gate.make(gate.release - 1);
-    auto from = gate.make(gate.release);
-    for (const char* path : gate.paths) {
-      EXPECT_EQ(before->GetClause(path), nullptr) << path << " below " << gate.release;
-      EXPECT_NE(from->GetClause(path), nullptr) << path << " at " << gate.release;
-    }
-  }
+  expectGates<CSQLCreateMaterializedView>({{"C_REFRESH;WITH", 1},
+                                           {"PREBUILT", 2},
+                                           {"C_MV_LOB;LIST", 2},
+                                           {"C_TABLE_PART", 2},
+                                           {"CACHE", 2},
+                                           {"C_PARALLEL", 2},
+                                           {"BUILD", 2},
+                                           {"C_REFRESH;ON", 2},
+                                           {"C_REFRESH;DEFAULT", 2},
+                                           {"C_REFRESH;NEVER", 2},
+                                           {"REWRITE", 2},
+                                           {"C_MV_PHYSICAL_PROP;INDEX", 3},
+                                           {"C_MV_PHYSICAL_PROP;COMPRESS", 4},
+                                           {"C_USING_INDEX;NO", 4},
+                                           {"C_MV_ALIASES;LIST", 6}});
+  expectGates<CSQLCreateMaterializedViewLog>({{"C_MV_LOG_WITH;LIST", 1},
+                                              {"NEW", 2},
+                                              {"CACHE", 2},
+                                              {"C_PARALLEL", 2},
+                                              {"C_TABLE_PART", 2},
+                                              {"C_SEG_ATTRIBUTE;LOGGING", 2},
+                                              {"C_PURGE;IMMEDIATE", 7}});
+  expectGates<CSQLAlterMaterializedView>({{"C_MV_LOB;LIST", 2},
+                                          {"C_MV_MOD_LOB;LIST", 2},
+                                          {"C_ALTER_TAB_PART", 2},
+                                          {"C_PARALLEL", 2},
+                                          {"LOGGING", 2},
+                                          {"C_ALLOCATE_EXTENT", 2},
+                                          {"C_DEALLOCATE_UNUSED", 2},
+                                          {"CACHE", 2},
+                                          {"REWRITE", 2},
+                                          {"COMPILE", 2},
+                                          {"C_REFRESH;ON", 2},
+                                          {"C_ALTER_IOT", 3},
+                                          {"COMPRESS", 4},
+                                          {"CONSIDER", 4},
+                                          {"C_SHRINK", 5}});
+  expectGates<CSQLAlterMViewLog>(
+      {{"C_MV_LOG_ADD;LIST", 1}, {"C_MV_LOG_ADD;NEW", 2}, {"FORCE", 4}, {"C_PURGE;START", 7}});
 }
 
 }  // namespace
