@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include "catalogue.h"
@@ -211,10 +212,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (trees.size() > 1)
           trees.erase(trees.begin() + static_cast<std::ptrdiff_t>(in.below(trees.size())));
         break;
-      case 8: {  // copy one node over another, in the same tree or another
+      case 8: {  // copy one node over a built node of the same class, in the same tree or another
+        // (Copy takes over name, texts, values and callbacks: over a node of another kind, a leaf's
+        // callbacks and values land on a list or a container, which no host means to build.)
         CSQLClause& other = *trees[in.below(trees.size())];
         std::vector<Place> targets = places(other);
-        if (all.size() + targets.size() < kMaxNodes) at.node->Copy(targets[in.below(targets.size())].node);
+        CSQLClause* target = targets[in.below(targets.size())].node;
+        if (all.size() + targets.size() < kMaxNodes && typeid(*target) == typeid(*at.node))
+          at.node->Copy(target);
         break;
       }
       case 9:
