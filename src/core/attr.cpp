@@ -20,7 +20,7 @@ CSQLAttr::CSQLAttr(const char* name,
                    int (*validator)(const char*),
                    CSQLClause* linked)
     : CSQLClause(false, kLatestRelease) {
-  m_strName = orEmpty(name);
+  setName(name);
   m_strInit = orEmpty(initValue);
   m_strValue = orEmpty(value);
   m_strPrefix = orEmpty(prefix);
@@ -28,6 +28,7 @@ CSQLAttr::CSQLAttr(const char* name,
   m_strPostfix = orEmpty(postfix);
   m_pValidator = validator != nullptr ? validator : &CSQLUtil::IsValid;
   setLinked(linked);
+  noteValue();
 }
 
 CSQLAttr::CSQLAttr(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {
@@ -44,6 +45,7 @@ int CSQLAttr::setValue(const char* /*path*/, const char* value) {
     if (const int refused = m_pValidator(value)) return refused;
   }
   m_strValue = value;
+  noteValue();
   return SQL_OK;
 }
 
@@ -54,6 +56,7 @@ int CSQLAttr::setInit(const char* /*path*/, const char* value) {
   }
   m_strInit = value;
   m_strValue = value;
+  noteValue();
   return SQL_OK;
 }
 
@@ -91,6 +94,7 @@ void CSQLAttr::resetUsedAttrs() {
   if (m_bUsed && !CSQLClause::hasUnused()) {
     m_strValue = m_strInit;
     m_bUsed = false;
+    noteValue();
   }
 }
 

@@ -66,19 +66,78 @@ void CSQLClause::setLinked(CSQLClause* target) {
 
 void CSQLClause::setup(const char* name, bool bInit) {
   setName(name);
-  if (bInit) init();
+  // The subtree is built when first needed (children()), with the release code of this moment.
+  if (bInit) m_nPendingCode = m_nOraVersion;
 }
 
 void CSQLClause::setName(const char* name) {
   m_strName = orEmpty(name);
+  nameChanged();
+}
+
+void CSQLClause::build() const {
+  auto* self = const_cast<CSQLClause*>(this);
+  const int current = m_nOraVersion;
+  self->m_nOraVersion = m_nPendingCode;
+  self->m_nPendingCode = -1;
+  self->init();
+  self->m_nOraVersion = current;
+}
+
+// ---- the counts ---------------------------------------------------------------------------------
+
+void CSQLClause::addCounts(int modified, int hooks) {
+  for (CSQLClause* node = this; node != nullptr; node = node->m_pParent) {
+    node->m_nModified += modified;
+    node->m_nHooks += hooks;
+  }
+}
+
+void CSQLClause::noteValue() {
+  const bool modified = isModified(nullptr);
+  if (modified == m_bSelfModified) return;
+  m_bSelfModified = modified;
+  addCounts(modified ? 1 : -1, 0);
+}
+
+void CSQLClause::noteHooks() {
+  const bool hook = m_cbAfterPrefix != nullptr || m_cbAfterPostfix != nullptr || writesUnmodified();
+  if (hook == m_bSelfHook) return;
+  m_bSelfHook = hook;
+  addCounts(0, hook ? 1 : -1);
+}
+
+void CSQLClause::appendChild(CSQLClause* child) {
+  children().emplace_back(child);
+  child->m_pParent = this;
+  // The kind of writer is known only once the node is fully constructed, which it is by now.
+  child->noteHooks();
+  if (child->m_nModified != 0 || child->m_nHooks != 0) addCounts(child->m_nModified, child->m_nHooks);
+}
+
+void CSQLClause::eraseChild(std::size_t index) {
+  CSQLClause* child = m_children[index].get();
+  addCounts(-child->m_nModified, -child->m_nHooks);
+  m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void CSQLClause::eraseChildren() {
+  for (auto& child : m_children)
+    addCounts(-child->m_nModified, -child->m_nHooks);
+  m_children.clear();
 }
 
 // ---- path grammar -------------------------------------------------------------------------------
 
 std::string CSQLClause::getAttr(const char* path) {
-  if (path == nullptr) return std::string();
+  return std::string(headOf(path));
+}
+
+std::string_view CSQLClause::headOf(const char* path) {
+  if (path == nullptr) return std::string_view();
   const char* semi = std::strchr(path, ';');
-  return semi != nullptr ? std::string(path, semi) : std::string(path);
+  return semi != nullptr ? std::string_view(path, static_cast<std::size_t>(semi - path))
+                         : std::string_view(path);
 }
 
 const char* CSQLClause::nextAttr(const char* path) {
@@ -89,7 +148,7 @@ const char* CSQLClause::nextAttr(const char* path) {
 }
 
 bool CSQLClause::isEqual(const char* path) const {
-  const std::string head = getAttr(path);
+  const std::string_view head = headOf(path);
   if (head == "*") return true;
   if (head.size() != m_strName.size()) return false;
   for (std::size_t i = 0; i < head.size(); ++i) {
@@ -119,6 +178,7 @@ int CSQLClause::postModifiedSQL(const char* /*path*/, std::string& /*text*/) {
 }
 void CSQLClause::init() {}
 
+// A subtree not built yet has nothing written to take back.
 void CSQLClause::resetUsedAttrs() {
   for (auto& child : m_children)
     child->resetUsedAttrs();
@@ -141,7 +201,7 @@ int CSQLClause::SetPrefix(const char* prefix) {
 
 CSQLClause* CSQLClause::GetChild(int index) const {
   if (index < 0 || index >= GetLength()) return nullptr;
-  return m_children[static_cast<std::size_t>(index)].get();
+  return children()[static_cast<std::size_t>(index)].get();
 }
 
 // ---- the writer ---------------------------------------------------------------------------------
@@ -157,11 +217,14 @@ void CSQLClause::joinPiece(std::string& text, const std::string& piece) {
 }
 
 void CSQLClause::writeChildren(const char* path, std::string& text) {
-  const std::string head = getAttr(path);
+  const std::string_view head = headOf(path);
   const char* rest = nextAttr(path);
   const bool all = head == "*";
-  for (auto& child : m_children) {
-    std::string piece;
+  std::string piece;
+  for (auto& child : children()) {
+    // An untouched child writes nothing, whatever the path.
+    if (isQuiet(child.get())) continue;
+    piece.clear();
     int result;
     if (!all && child->m_strName != head) {
       if (!isContainer(child.get())) continue;
@@ -178,8 +241,10 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
 bool CSQLClause::beginText(const char* path, std::string& text) {
   text.clear();
   preModifiedSQL(path, text);
-  if (m_cbAfterPrefix == nullptr || m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked) != 1)
-    return false;
+  if (m_cbAfterPrefix == nullptr) return false;
+  const int finished = m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked);
+  noteValue();  // the callback may have changed the values it was handed
+  if (finished != 1) return false;
   // The callback has finished the node: what it wrote, or left out, counts as written.
   markWritten();
   return true;
@@ -187,14 +252,18 @@ bool CSQLClause::beginText(const char* path, std::string& text) {
 
 void CSQLClause::markWritten() {
   if (isModified(nullptr)) m_bUsed = true;
-  for (auto& child : m_children)
-    child->markWritten();
+  for (auto& child : m_children) {
+    if (child->m_nModified != 0) child->markWritten();
+  }
 }
 
 int CSQLClause::endText(const char* path, std::string& text) {
   postModifiedSQL(path, text);
-  if (m_cbAfterPostfix != nullptr && m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr) == 1)
-    return SQL_OK;
+  if (m_cbAfterPostfix != nullptr) {
+    const int finished = m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr);
+    noteValue();
+    if (finished == 1) return SQL_OK;
+  }
   return text.empty() ? SQL_NOTHING : SQL_OK;
 }
 
@@ -208,9 +277,9 @@ int CSQLClause::GetModifiedSQL(const char* path, std::string& text) {
 // ---- path walks ---------------------------------------------------------------------------------
 
 int CSQLClause::walk(WalkOp op, const char* path, const char* value, CSQLClause* node) {
-  const std::string head = getAttr(path);
+  const std::string_view head = headOf(path);
   const char* rest = nextAttr(path);
-  for (auto& child : m_children) {
+  for (auto& child : children()) {
     const char* sub;
     if (child->m_strName == head) {
       sub = rest;
@@ -251,7 +320,7 @@ int CSQLClause::SetInit(const char* path, const char* value) {
 int CSQLClause::AddAttr(const char* path, CSQLClause* node) {
   if (node == nullptr || node == this) return SQL_NOT_FOUND;
   if (path == nullptr) {
-    m_children.emplace_back(node);
+    appendChild(node);
     return SQL_OK;
   }
   return walk(WalkOp::AddAttr, path, nullptr, node);
@@ -269,9 +338,9 @@ int CSQLClause::RemoveAttr(const char* /*path*/) {
 
 CSQLClause* CSQLClause::GetClause(const char* path) {
   if (path == nullptr) return this;
-  const std::string head = getAttr(path);
+  const std::string_view head = headOf(path);
   const char* rest = nextAttr(path);
-  for (auto& child : m_children) {
+  for (auto& child : children()) {
     CSQLClause* found = nullptr;
     if (child->m_strName == head) {
       found = child->GetClause(rest);
@@ -285,10 +354,13 @@ CSQLClause* CSQLClause::GetClause(const char* path) {
 
 bool CSQLClause::IsModified(const char* path) {
   if (path == nullptr) return isModified(nullptr);
-  const std::string head = getAttr(path);
+  // Whatever the path, only a modified node of the subtree can make the answer true.
+  if (m_nModified == 0) return false;
+  if (std::strcmp(path, "*") == 0) return true;
+  const std::string_view head = headOf(path);
   if (head == "*" && isModified(path)) return true;
   const char* rest = nextAttr(path);
-  for (auto& child : m_children) {
+  for (auto& child : children()) {
     // Unlike the other walks, a container is handed the rest of the path here, not the whole path.
     if (child->m_strName == head || head == "*" || isContainer(child.get())) {
       if (child->IsModified(rest)) return true;
@@ -303,6 +375,7 @@ void CSQLClause::Clear() {
   m_strValue.clear();
   m_strInit.clear();
   m_bUsed = false;
+  noteValue();
   for (auto& child : m_children)
     child->Clear();
 }
@@ -313,6 +386,7 @@ void CSQLClause::Copy(CSQLClause* target) {
   target->m_cbAfterPrefix = m_cbAfterPrefix;
   target->m_cbAfterPostfix = m_cbAfterPostfix;
   target->m_strName = m_strName;
+  target->nameChanged();
   target->m_strPrefix = m_strPrefix;
   target->m_strSuffix = m_strSuffix;
   target->m_strPostfix = m_strPostfix;
@@ -320,11 +394,13 @@ void CSQLClause::Copy(CSQLClause* target) {
   target->m_strValue = m_strValue;
   target->setLinked(m_pLinked);
   target->m_nOraVersion = m_nOraVersion;
+  target->noteValue();
+  target->noteHooks();
   // Counted first, so that copying a node into itself terminates.
-  const std::size_t count = m_children.size();
-  const std::size_t offset = target->m_children.size();
+  const std::size_t count = children().size();
+  const std::size_t offset = target->children().size();
   for (std::size_t i = 0; i < count; ++i) {
-    if (CSQLClause* clone = m_children[i]->operator*()) target->m_children.emplace_back(clone);
+    if (CSQLClause* clone = m_children[i]->operator*()) target->appendChild(clone);
   }
   relinkCopies(target, offset, count);
 }
@@ -364,7 +440,17 @@ void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset, std::size_
 }
 
 CSQLClause* CSQLClause::cloneInto(CSQLClause* fresh) {
+  if (m_nPendingCode < 0) {
+    Copy(fresh);
+    return fresh;
+  }
+  // A node not built yet is cloned as one not built yet: `fresh` is of this node's class, so its
+  // init() builds the same subtree when it is needed.
+  const int pending = m_nPendingCode;
+  m_nPendingCode = -1;  // nothing to copy below: Copy must not build it
   Copy(fresh);
+  m_nPendingCode = pending;
+  fresh->m_nPendingCode = pending;
   return fresh;
 }
 
@@ -373,8 +459,9 @@ CSQLClause* CSQLClause::operator*() {
 }
 
 bool CSQLClause::hasUnused() {
+  // Only a modified node can be waiting to be written.
   for (auto& child : m_children) {
-    if (child->hasUnused()) return true;
+    if (child->m_nModified != 0 && child->hasUnused()) return true;
   }
   return false;
 }
@@ -390,6 +477,7 @@ void CSQLClause::RefreshUsed() {
 // An OR container at any depth withdraws its written alternative; without this, an OR below an AND
 // or a clause would choose its first alternative again on every pass.
 void CSQLClause::refreshNested() {
+  // A subtree not built yet holds no alternative that was written.
   for (auto& child : m_children) {
     if (child->GetSubType() == "OR") {
       child->RefreshUsed();

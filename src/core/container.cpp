@@ -1,5 +1,7 @@
 #include "qarvelt/core/container.h"
 
+#include <cstring>
+
 #include "wrap.h"
 
 namespace qarvelt {
@@ -29,8 +31,10 @@ int CSQLContainer::postModifiedSQL(const char* /*path*/, std::string& text) {
 int CSQLContainer::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
   if (beginText(path, text)) return SQL_OK;
-  for (auto& child : m_children) {
-    std::string piece;
+  std::string piece;
+  for (auto& child : children()) {
+    if (isQuiet(child.get())) continue;
+    piece.clear();
     if (child->GetModifiedSQL(path, piece) != SQL_OK) continue;
     Trim(piece);
     if (piece.empty()) continue;
@@ -59,9 +63,12 @@ CSQLClause* CSQLContainer::GetClause(const char* path) {
 
 bool CSQLContainer::IsModified(const char* path) {
   if (path == nullptr) return false;
-  const std::string head = getAttr(path);
+  if (!anyModified(this)) return false;
+  // A container holds no value of its own: a modified node in it is a modified node below it.
+  if (std::strcmp(path, "*") == 0) return true;
+  const std::string_view head = headOf(path);
   const char* rest = nextAttr(path);
-  for (auto& child : m_children) {
+  for (auto& child : children()) {
     if (nameOf(child.get()) == head || head == "*") {
       if (child->IsModified(rest)) return true;
     } else if (isContainer(child.get())) {
@@ -113,10 +120,12 @@ std::string CSQLContOR::GetSubType() {
 int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
   if (beginText(path, text)) return SQL_OK;
-  const std::string head = getAttr(path);
+  const std::string_view head = headOf(path);
   const char* rest = nextAttr(path);
-  for (auto& child : m_children) {
-    std::string piece;
+  std::string piece;
+  for (auto& child : children()) {
+    if (isQuiet(child.get())) continue;
+    piece.clear();
     int result;
     if (head != "*" && nameOf(child.get()) != head) {
       if (!isContainer(child.get())) continue;
@@ -139,7 +148,7 @@ void CSQLContOR::RefreshUsed() {
   // When some alternative has nothing left to write, every written alternative is withdrawn (reset
   // is idempotent, so once is enough). Otherwise the alternatives nested in the alternatives take
   // their turn.
-  for (auto& child : m_children) {
+  for (auto& child : children()) {
     if (!child->hasUnused()) {
       resetUsedAttrs();
       return;

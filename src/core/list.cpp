@@ -36,13 +36,15 @@ int CSQLList::postModifiedSQL(const char* /*path*/, std::string& text) {
 int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
   if (beginText(path, text)) return SQL_OK;
-  const std::string head = getAttr(path);
+  const std::string_view head = headOf(path);
   const char* rest = nextAttr(path);
   bool written = false;
-  for (const auto& child : m_children) {
+  std::string piece;
+  for (const auto& child : children()) {
     CSQLClause* item = child.get();
+    if (isQuiet(item)) continue;
     if (head != "*" && nameOf(item) != head && !isContainer(item)) continue;
-    std::string piece;
+    piece.clear();
     if (item->GetModifiedSQL(rest, piece) != SQL_OK) continue;
     std::string trimmedPiece = piece;
     Trim(trimmedPiece);
@@ -63,10 +65,11 @@ int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
 
 int CSQLList::RemoveAttr(const char* path) {
   if (path == nullptr) return SQL_NOT_FOUND;
-  const std::string name = getAttr(path);
-  for (auto it = m_children.begin(); it != m_children.end(); ++it) {
-    if (nameOf(it->get()) == name) {
-      m_children.erase(it);
+  const std::string_view name = headOf(path);
+  auto& items = children();
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (nameOf(items[i].get()) == name) {
+      eraseChild(i);
       return SQL_OK;
     }
   }
@@ -74,7 +77,7 @@ int CSQLList::RemoveAttr(const char* path) {
 }
 
 void CSQLList::Clear() {
-  m_children.clear();
+  eraseChildren();
 }
 
 void CSQLList::Copy(CSQLClause* target) {

@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qarvelt {
@@ -88,10 +89,16 @@ class CSQLClause {
   virtual void RefreshUsed();
 
   std::string GetType() const { return m_strName; }
-  int GetLength() const { return static_cast<int>(m_children.size()); }
+  int GetLength() const { return static_cast<int>(children().size()); }
   int SetPrefix(const char* prefix);
-  void SetAfterPrefix(SQLCallback cb) { m_cbAfterPrefix = cb; }
-  void SetAfterPostfix(SQLCallback cb) { m_cbAfterPostfix = cb; }
+  void SetAfterPrefix(SQLCallback cb) {
+    m_cbAfterPrefix = cb;
+    noteHooks();
+  }
+  void SetAfterPostfix(SQLCallback cb) {
+    m_cbAfterPostfix = cb;
+    noteHooks();
+  }
   int GetOraVersion() const { return m_nOraVersion; }
   void SetOraVersion(int nOraVersion) { m_nOraVersion = nOraVersion; }
 
@@ -120,6 +127,8 @@ class CSQLClause {
   // `path`); a path that is exactly "*" is its own rest; otherwise null once the path is used up.
   // isEqual: the first segment is "*" or names this node, ignoring case.
   static std::string getAttr(const char* path);
+  // The first segment as a view into `path`: what the walks compare, without a copy.
+  static std::string_view headOf(const char* path);
   static const char* nextAttr(const char* path);
   bool isEqual(const char* path) const;
 
@@ -129,7 +138,7 @@ class CSQLClause {
   void setName(const char* name);
   // Name and kind of another node, for the writers of derived classes.
   static const std::string& nameOf(const CSQLClause* node) { return node->m_strName; }
-  static bool isContainer(const CSQLClause* node) { return node->m_strName == kContainerName; }
+  static bool isContainer(const CSQLClause* node) { return node->m_bContainer; }
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
   CSQLClause* cloneInto(CSQLClause* fresh);
@@ -160,9 +169,39 @@ class CSQLClause {
 
   static constexpr const char* kContainerName = "CONTAINER";
 
+  // The children, built first when the node's init() has not run yet. Every operation that needs the
+  // subtree goes through here; the ones for which an unbuilt subtree and an untouched one are the
+  // same (nothing modified, nothing written, nothing to clear) read m_children as it stands.
+  std::vector<std::unique_ptr<CSQLClause>>& children() {
+    if (m_nPendingCode >= 0) build();
+    return m_children;
+  }
+  const std::vector<std::unique_ptr<CSQLClause>>& children() const {
+    if (m_nPendingCode >= 0) build();
+    return m_children;
+  }
+  // Appends `child` (owned from now on) and counts what it holds into this node and its ancestors.
+  void appendChild(CSQLClause* child);
+  // Removes and deletes the child at `index`, taking its counts back.
+  void eraseChild(std::size_t index);
+  // Deletes every child.
+  void eraseChildren();
+  // To be called after this node's value or initial value changed: keeps the modified counts true.
+  void noteValue();
+  // To be called after a callback changed: keeps the counts of nodes the writer must visit true.
+  void noteHooks();
+  // True for a node whose writer gives text even when nothing below it is modified (the heads of
+  // statements, a plain container that reports text it does not have). The writer never passes over
+  // such a node.
+  virtual bool writesUnmodified() const { return false; }
+  // True when writing this node would give nothing and change nothing: no modified value below it,
+  // and no callback or writer of the kind above. The writers pass over such children.
+  static bool isQuiet(const CSQLClause* node) { return node->m_nModified == 0 && node->m_nHooks == 0; }
+  // True when some node of the subtree, `node` included, is modified: IsModified("*") in one step.
+  static bool anyModified(const CSQLClause* node) { return node->m_nModified != 0; }
+
   int m_nOraVersion;
   std::string m_strName;
-  std::vector<std::unique_ptr<CSQLClause>> m_children;
   std::string m_strPrefix;
   std::string m_strSuffix;
   std::string m_strPostfix;
@@ -176,6 +215,29 @@ class CSQLClause {
   SQLCallback m_cbAfterPostfix = nullptr;
 
   enum class WalkOp { SetValue, SetInit, AddAttr };
+
+ private:
+  // Runs init() with the release code the node was constructed with; from then on it is built.
+  void build() const;
+  void addCounts(int modified, int hooks);
+  void nameChanged() { m_bContainer = m_strName == kContainerName; }
+
+  std::vector<std::unique_ptr<CSQLClause>> m_children;
+  CSQLClause* m_pParent = nullptr;
+  // A node's subtree is built the first time something needs it. While it is not, this holds the
+  // release code given at construction (-1 once built): gates stay those of construction even when
+  // the host changes the release code in between.
+  int m_nPendingCode = -1;
+  // Counts over the subtree, this node included: nodes whose value differs from the initial one, and
+  // nodes the writer must visit whatever their values. They make IsModified("*") one comparison and
+  // let the writers pass over what is untouched.
+  int m_nModified = 0;
+  int m_nHooks = 0;
+  bool m_bSelfModified = false;
+  bool m_bSelfHook = false;
+  bool m_bContainer = false;
+
+ protected:
   // The path walk shared by SetValue, SetInit and AddAttr for a non-null path: children named by the
   // path's head get the rest, containers get the whole path, the first success ends the walk.
   int walk(WalkOp op, const char* path, const char* value, CSQLClause* node);

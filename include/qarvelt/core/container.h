@@ -31,6 +31,8 @@ class CSQLContainer : public CSQLClause {
   // Prefix first; the postfix only when something was written after the prefix, else no text at all.
   int preModifiedSQL(const char* path, std::string& text) override;
   int postModifiedSQL(const char* path, std::string& text) override;
+  // It reports text even when it has none, so the writers never pass over it.
+  bool writesUnmodified() const override { return true; }
 };
 
 class CSQLContAND : public CSQLContainer {
@@ -42,6 +44,9 @@ class CSQLContAND : public CSQLContainer {
   std::string GetSubType() override;
   int GetModifiedSQL(const char* path, std::string& text) override;
   CSQLClause* operator*() override;
+
+ protected:
+  bool writesUnmodified() const override { return false; }
 };
 
 class CSQLContOR : public CSQLContainer {
@@ -55,6 +60,9 @@ class CSQLContOR : public CSQLContainer {
   // Withdraws the changes that the last pass wrote, so that the next pass writes the next alternative.
   void RefreshUsed() override;
   CSQLClause* operator*() override;
+
+ protected:
+  bool writesUnmodified() const override { return false; }
 };
 
 }  // namespace qarvelt

@@ -108,6 +108,7 @@ class CSQLAlterMaterializedView : public Cloneable<CSQLAlterMaterializedView> {
   int preModifiedSQL(const char* path, std::string& text) override;
   // Empties a text that holds nothing but the head.
   int postModifiedSQL(const char* path, std::string& text) override;
+  bool writesUnmodified() const override { return true; }
 };
 
 // ALTER MATERIALIZED VIEW LOG ("C_ALTER_MVIEW_LOG"): "FORCE" (holds FORCE; from 4), "SCHEMA" and
@@ -132,6 +133,7 @@ class CSQLAlterMViewLog : public Cloneable<CSQLAlterMViewLog> {
   int preModifiedSQL(const char* path, std::string& text) override;
   // Empties a text that holds nothing but the head, FORCE and ON with the table's names.
   int postModifiedSQL(const char* path, std::string& text) override;
+  bool writesUnmodified() const override { return true; }
 };
 
 }  // namespace qarvelt

@@ -25,6 +25,7 @@ class CreateStatement : public Cloneable<Derived> {
  protected:
   explicit CreateStatement(int nOraVersion) : Cloneable<Derived>(nOraVersion) {}
   int preModifiedSQL(const char* /*path*/, std::string& text) override { return WriteCreateHead(text); }
+  bool writesUnmodified() const override { return true; }
 };
 
 // The ALTER head steps, for statements that cannot derive from AlterStatement.
@@ -41,6 +42,7 @@ class AlterStatement : public Cloneable<Derived> {
   int postModifiedSQL(const char* /*path*/, std::string& text) override {
     return DropEmptyAlter(*this, text, Derived::kVerb, Derived::kNameLeaf);
   }
+  bool writesUnmodified() const override { return true; }
 };
 
 }  // namespace qarvelt
