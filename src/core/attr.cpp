@@ -24,16 +24,15 @@ CSQLAttr::CSQLAttr(const char* name,
   m_strInit = orEmpty(initValue);
   m_strValue = orEmpty(value);
   m_strPrefix = orEmpty(prefix);
-  m_strSuffix = orEmpty(suffix);
-  m_strPostfix = orEmpty(postfix);
-  m_pValidator = validator != nullptr ? validator : &CSQLUtil::IsValid;
+  setSuffix(suffix);
+  setPostfix(postfix);
+  // No validator accepts every value, as CSQLUtil::IsValid does.
+  if (validator != &CSQLUtil::IsValid) setValidator(validator);
   setLinked(linked);
   noteValue();
 }
 
-CSQLAttr::CSQLAttr(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {
-  m_pValidator = &CSQLUtil::IsValid;
-}
+CSQLAttr::CSQLAttr(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {}
 
 CSQLAttr::~CSQLAttr() = default;
 
@@ -41,8 +40,8 @@ void CSQLAttr::init() {}
 
 int CSQLAttr::setValue(const char* /*path*/, const char* value) {
   value = orEmpty(value);
-  if (m_pValidator != nullptr) {
-    if (const int refused = m_pValidator(value)) return refused;
+  if (const SQLValidator validator = validatorFn()) {
+    if (const int refused = validator(value)) return refused;
   }
   m_strValue = value;
   noteValue();
@@ -51,8 +50,8 @@ int CSQLAttr::setValue(const char* /*path*/, const char* value) {
 
 int CSQLAttr::setInit(const char* /*path*/, const char* value) {
   value = orEmpty(value);
-  if (m_pValidator != nullptr) {
-    if (const int refused = m_pValidator(value)) return refused;
+  if (const SQLValidator validator = validatorFn()) {
+    if (const int refused = validator(value)) return refused;
   }
   m_strInit = value;
   m_strValue = value;
@@ -70,13 +69,15 @@ std::string CSQLAttr::GetValue() {
 
 int CSQLAttr::preModifiedSQL(const char* /*path*/, std::string& text) {
   if (!isModified(nullptr)) return SQL_OK;
-  text = m_strPrefix + m_strValue + m_strSuffix;
+  text = m_strPrefix;
+  text += m_strValue;
+  text += suffixText();
   return SQL_OK;
 }
 
 int CSQLAttr::postModifiedSQL(const char* /*path*/, std::string& text) {
   if (!isModified(nullptr)) return SQL_OK;
-  text += m_strPostfix;
+  text += postfixText();
   m_bUsed = true;
   return SQL_OK;
 }

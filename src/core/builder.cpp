@@ -8,7 +8,7 @@ void Node::appendTo(CSQLClause* parent, Node&& child) {
 }
 
 Node Node::validator(SQLValidator fn) && {
-  if (m_node != nullptr && fn != nullptr) m_node->m_pValidator = fn;
+  if (m_node != nullptr && fn != nullptr) m_node->setValidator(fn);
   return std::move(*this);
 }
 

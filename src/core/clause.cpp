@@ -43,16 +43,17 @@ CSQLClause::CSQLClause(bool /*bInit*/, int nOraVersion) : m_nOraVersion(nOraVers
 
 CSQLClause::~CSQLClause() {
   // Nothing may keep pointing at this node, and this node's target must forget it.
-  for (CSQLClause* linker : m_linkers)
-    linker->m_pLinked = nullptr;
-  m_linkers.clear();
+  if (!m_rare) return;
+  for (CSQLClause* linker : m_rare->linkers)
+    linker->m_rare->linked = nullptr;
+  m_rare->linkers.clear();
   setLinked(nullptr);
 }
 
 void CSQLClause::setLinked(CSQLClause* target) {
-  if (m_pLinked == target) return;
-  if (m_pLinked != nullptr) {
-    auto& linkers = m_pLinked->m_linkers;
+  if (linkedNode() == target) return;
+  if (CSQLClause* old = linkedNode()) {
+    auto& linkers = old->m_rare->linkers;
     for (auto it = linkers.begin(); it != linkers.end(); ++it) {
       if (*it == this) {
         linkers.erase(it);
@@ -60,8 +61,8 @@ void CSQLClause::setLinked(CSQLClause* target) {
       }
     }
   }
-  m_pLinked = target;
-  if (target != nullptr) target->m_linkers.push_back(this);
+  rare().linked = target;
+  if (target != nullptr) target->rare().linkers.push_back(this);
 }
 
 void CSQLClause::setup(const char* name, bool bInit) {
@@ -101,10 +102,30 @@ void CSQLClause::noteValue() {
 }
 
 void CSQLClause::noteHooks() {
-  const bool hook = m_cbAfterPrefix != nullptr || m_cbAfterPostfix != nullptr || writesUnmodified();
+  const bool hook = afterPrefixFn() != nullptr || afterPostfixFn() != nullptr || writesUnmodified();
   if (hook == m_bSelfHook) return;
   m_bSelfHook = hook;
   addCounts(0, hook ? 1 : -1);
+}
+
+const std::string CSQLClause::kNoText;
+
+void CSQLClause::setSuffix(const char* suffix) {
+  if (m_rare || (suffix != nullptr && *suffix != '\0')) rare().suffix = orEmpty(suffix);
+}
+
+void CSQLClause::setPostfix(const char* postfix) {
+  if (m_rare || (postfix != nullptr && *postfix != '\0')) rare().postfix = orEmpty(postfix);
+}
+
+void CSQLClause::setValidator(SQLValidator fn) {
+  if (m_rare || fn != nullptr) rare().validator = fn;
+}
+
+void CSQLClause::setCallback(SQLCallback cb, bool afterPostfix) {
+  if (!m_rare && cb == nullptr) return;
+  (afterPostfix ? rare().afterPostfix : rare().afterPrefix) = cb;
+  noteHooks();
 }
 
 void CSQLClause::appendChild(CSQLClause* child) {
@@ -241,8 +262,9 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
 bool CSQLClause::beginText(const char* path, std::string& text) {
   text.clear();
   preModifiedSQL(path, text);
-  if (m_cbAfterPrefix == nullptr) return false;
-  const int finished = m_cbAfterPrefix(text, m_strValue, m_strInit, m_pLinked);
+  const SQLCallback callback = afterPrefixFn();
+  if (callback == nullptr) return false;
+  const int finished = callback(text, m_strValue, m_strInit, linkedNode());
   noteValue();  // the callback may have changed the values it was handed
   if (finished != 1) return false;
   // The callback has finished the node: what it wrote, or left out, counts as written.
@@ -259,8 +281,8 @@ void CSQLClause::markWritten() {
 
 int CSQLClause::endText(const char* path, std::string& text) {
   postModifiedSQL(path, text);
-  if (m_cbAfterPostfix != nullptr) {
-    const int finished = m_cbAfterPostfix(text, m_strValue, m_strInit, nullptr);
+  if (const SQLCallback callback = afterPostfixFn()) {
+    const int finished = callback(text, m_strValue, m_strInit, nullptr);
     noteValue();
     if (finished == 1) return SQL_OK;
   }
@@ -382,17 +404,20 @@ void CSQLClause::Clear() {
 
 void CSQLClause::Copy(CSQLClause* target) {
   if (target == nullptr) return;
-  target->m_pValidator = m_pValidator;
-  target->m_cbAfterPrefix = m_cbAfterPrefix;
-  target->m_cbAfterPostfix = m_cbAfterPostfix;
+  if (m_rare || target->m_rare) {
+    Rare& to = target->rare();
+    to.validator = validatorFn();
+    to.afterPrefix = afterPrefixFn();
+    to.afterPostfix = afterPostfixFn();
+    to.suffix = suffixText();
+    to.postfix = postfixText();
+  }
   target->m_strName = m_strName;
   target->nameChanged();
   target->m_strPrefix = m_strPrefix;
-  target->m_strSuffix = m_strSuffix;
-  target->m_strPostfix = m_strPostfix;
   target->m_strInit = m_strInit;
   target->m_strValue = m_strValue;
-  target->setLinked(m_pLinked);
+  target->setLinked(linkedNode());
   target->m_nOraVersion = m_nOraVersion;
   target->noteValue();
   target->noteHooks();
@@ -416,7 +441,7 @@ void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset, std::size_
   std::function<void(CSQLClause*, CSQLClause*)> pair = [&](CSQLClause* from, CSQLClause* to) {
     copies[from] = to;
     pairs.emplace_back(from, to);
-    linked = linked || from->m_pLinked != nullptr;
+    linked = linked || from->linkedNode() != nullptr;
     if (from->m_children.size() != to->m_children.size()) return;
     for (std::size_t i = 0; i < from->m_children.size(); ++i)
       pair(from->m_children[i].get(), to->m_children[i].get());
@@ -425,7 +450,7 @@ void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset, std::size_
   // A node copied into itself keeps its own link: it is the source as much as the copy.
   if (target != this) {
     pairs.emplace_back(this, target);
-    linked = m_pLinked != nullptr;
+    linked = linkedNode() != nullptr;
   }
   if (target->m_children.size() == offset + count) {
     for (std::size_t i = 0; i < count; ++i)
@@ -433,8 +458,8 @@ void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset, std::size_
   }
   if (!linked) return;
   for (auto& [from, to] : pairs) {
-    if (from->m_pLinked == nullptr) continue;
-    auto found = copies.find(from->m_pLinked);
+    if (from->linkedNode() == nullptr) continue;
+    auto found = copies.find(from->linkedNode());
     to->setLinked(found != copies.end() ? found->second : nullptr);
   }
 }

@@ -24,7 +24,7 @@ int CSQLContainer::preModifiedSQL(const char* /*path*/, std::string& text) {
 }
 
 int CSQLContainer::postModifiedSQL(const char* /*path*/, std::string& text) {
-  detail::closeWrap(m_strPrefix, m_strPostfix, text);
+  detail::closeWrap(m_strPrefix, postfixText(), text);
   return SQL_OK;
 }
 
@@ -86,7 +86,7 @@ CSQLClause* CSQLContainer::operator*() {
 
 CSQLContAND::CSQLContAND(const char* prefix, const char* postfix) : CSQLContainer(false, kLatestRelease) {
   m_strPrefix = orEmpty(prefix);
-  m_strPostfix = orEmpty(postfix);
+  setPostfix(postfix);
 }
 
 CSQLContAND::CSQLContAND(bool /*bInit*/) : CSQLContainer(false, kLatestRelease) {}
@@ -108,7 +108,7 @@ CSQLClause* CSQLContAND::operator*() {
 
 CSQLContOR::CSQLContOR(const char* prefix, const char* postfix) : CSQLContainer(false, kLatestRelease) {
   m_strPrefix = orEmpty(prefix);
-  m_strPostfix = orEmpty(postfix);
+  setPostfix(postfix);
 }
 
 CSQLContOR::CSQLContOR(bool /*bInit*/) : CSQLContainer(false, kLatestRelease) {}

@@ -14,7 +14,7 @@ CSQLList::CSQLList(const char* name, const char* separator, const char* prefix, 
     : CSQLClause(false, kLatestRelease), m_strSeparator(orEmpty(separator)) {
   setName(name);
   m_strPrefix = orEmpty(prefix);
-  m_strPostfix = orEmpty(postfix);
+  setPostfix(postfix);
 }
 
 CSQLList::CSQLList(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {
@@ -29,7 +29,7 @@ int CSQLList::preModifiedSQL(const char* /*path*/, std::string& text) {
 }
 
 int CSQLList::postModifiedSQL(const char* /*path*/, std::string& text) {
-  detail::closeWrap(m_strPrefix, m_strPostfix, text);
+  detail::closeWrap(m_strPrefix, postfixText(), text);
   return SQL_OK;
 }
 

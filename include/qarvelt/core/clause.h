@@ -91,14 +91,8 @@ class CSQLClause {
   std::string GetType() const { return m_strName; }
   int GetLength() const { return static_cast<int>(children().size()); }
   int SetPrefix(const char* prefix);
-  void SetAfterPrefix(SQLCallback cb) {
-    m_cbAfterPrefix = cb;
-    noteHooks();
-  }
-  void SetAfterPostfix(SQLCallback cb) {
-    m_cbAfterPostfix = cb;
-    noteHooks();
-  }
+  void SetAfterPrefix(SQLCallback cb) { setCallback(cb, false); }
+  void SetAfterPostfix(SQLCallback cb) { setCallback(cb, true); }
   int GetOraVersion() const { return m_nOraVersion; }
   void SetOraVersion(int nOraVersion) { m_nOraVersion = nOraVersion; }
 
@@ -110,8 +104,8 @@ class CSQLClause {
   CSQLClause* GetChild(int index) const;
   std::string GetInit() const { return m_strInit; }
   std::string GetPrefix() const { return m_strPrefix; }
-  std::string GetSuffix() const { return m_strSuffix; }
-  std::string GetPostfix() const { return m_strPostfix; }
+  std::string GetSuffix() const { return suffixText(); }
+  std::string GetPostfix() const { return postfixText(); }
 
  protected:
   virtual int setValue(const char* path, const char* value);
@@ -203,16 +197,21 @@ class CSQLClause {
   int m_nOraVersion;
   std::string m_strName;
   std::string m_strPrefix;
-  std::string m_strSuffix;
-  std::string m_strPostfix;
   bool m_bUsed = false;
   std::string m_strValue;
   std::string m_strInit;
-  CSQLClause* m_pLinked = nullptr;
-  std::vector<CSQLClause*> m_linkers;  // the nodes whose link names this node
-  SQLValidator m_pValidator = nullptr;
-  SQLCallback m_cbAfterPrefix = nullptr;
-  SQLCallback m_cbAfterPostfix = nullptr;
+
+  // The texts and links that few nodes have: kept apart, so that a plain node stays small.
+  const std::string& suffixText() const { return m_rare ? m_rare->suffix : kNoText; }
+  const std::string& postfixText() const { return m_rare ? m_rare->postfix : kNoText; }
+  void setSuffix(const char* suffix);
+  void setPostfix(const char* postfix);
+  CSQLClause* linkedNode() const { return m_rare ? m_rare->linked : nullptr; }
+  // A null validator accepts every value.
+  SQLValidator validatorFn() const { return m_rare ? m_rare->validator : nullptr; }
+  void setValidator(SQLValidator fn);
+  SQLCallback afterPrefixFn() const { return m_rare ? m_rare->afterPrefix : nullptr; }
+  SQLCallback afterPostfixFn() const { return m_rare ? m_rare->afterPostfix : nullptr; }
 
   enum class WalkOp { SetValue, SetInit, AddAttr };
 
@@ -222,6 +221,23 @@ class CSQLClause {
   void addCounts(int modified, int hooks);
   void nameChanged() { m_bContainer = m_strName == kContainerName; }
 
+  struct Rare {
+    std::string suffix;
+    std::string postfix;
+    CSQLClause* linked = nullptr;
+    std::vector<CSQLClause*> linkers;  // the nodes whose link names this node
+    SQLValidator validator = nullptr;
+    SQLCallback afterPrefix = nullptr;
+    SQLCallback afterPostfix = nullptr;
+  };
+  static const std::string kNoText;
+  Rare& rare() {
+    if (!m_rare) m_rare = std::make_unique<Rare>();
+    return *m_rare;
+  }
+  void setCallback(SQLCallback cb, bool afterPostfix);
+
+  std::unique_ptr<Rare> m_rare;
   std::vector<std::unique_ptr<CSQLClause>> m_children;
   CSQLClause* m_pParent = nullptr;
   // A node's subtree is built the first time something needs it. While it is not, this holds the
