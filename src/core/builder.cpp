@@ -7,6 +7,12 @@ void Node::appendTo(CSQLClause* parent, Node&& child) {
   parent->AddAttr(nullptr, child.release());
 }
 
+void Node::reserveFor(CSQLClause* parent, std::size_t count) {
+  if (parent == nullptr) return;
+  auto& children = parent->children();
+  children.reserve(children.size() + count);
+}
+
 Node Node::validator(SQLValidator fn) && {
   if (m_node != nullptr && fn != nullptr) m_node->setValidator(fn);
   return std::move(*this);

@@ -154,6 +154,19 @@ std::string CSQLClause::getAttr(const char* path) {
   return std::string(headOf(path));
 }
 
+const char* CSQLClause::splitPath(const char* path, std::string_view& head) {
+  if (path == nullptr) {
+    head = std::string_view();
+    return nullptr;
+  }
+  if (const char* semi = std::strchr(path, ';')) {
+    head = std::string_view(path, static_cast<std::size_t>(semi - path));
+    return semi + 1;
+  }
+  head = std::string_view(path);
+  return head == "*" ? path : nullptr;
+}
+
 std::string_view CSQLClause::headOf(const char* path) {
   if (path == nullptr) return std::string_view();
   const char* semi = std::strchr(path, ';');
@@ -238,8 +251,8 @@ void CSQLClause::joinPiece(std::string& text, const std::string& piece) {
 }
 
 void CSQLClause::writeChildren(const char* path, std::string& text) {
-  const std::string_view head = headOf(path);
-  const char* rest = nextAttr(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   const bool all = head == "*";
   std::string piece;
   for (auto& child : children()) {
@@ -299,8 +312,8 @@ int CSQLClause::GetModifiedSQL(const char* path, std::string& text) {
 // ---- path walks ---------------------------------------------------------------------------------
 
 int CSQLClause::walk(WalkOp op, const char* path, const char* value, CSQLClause* node) {
-  const std::string_view head = headOf(path);
-  const char* rest = nextAttr(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   for (auto& child : children()) {
     const char* sub;
     if (child->m_strName == head) {
@@ -360,8 +373,8 @@ int CSQLClause::RemoveAttr(const char* /*path*/) {
 
 CSQLClause* CSQLClause::GetClause(const char* path) {
   if (path == nullptr) return this;
-  const std::string_view head = headOf(path);
-  const char* rest = nextAttr(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   for (auto& child : children()) {
     CSQLClause* found = nullptr;
     if (child->m_strName == head) {
@@ -379,9 +392,9 @@ bool CSQLClause::IsModified(const char* path) {
   // Whatever the path, only a modified node of the subtree can make the answer true.
   if (m_nModified == 0) return false;
   if (std::strcmp(path, "*") == 0) return true;
-  const std::string_view head = headOf(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   if (head == "*" && isModified(path)) return true;
-  const char* rest = nextAttr(path);
   for (auto& child : children()) {
     // Unlike the other walks, a container is handed the rest of the path here, not the whole path.
     if (child->m_strName == head || head == "*" || isContainer(child.get())) {

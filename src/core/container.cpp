@@ -66,8 +66,8 @@ bool CSQLContainer::IsModified(const char* path) {
   if (!anyModified(this)) return false;
   // A container holds no value of its own: a modified node in it is a modified node below it.
   if (std::strcmp(path, "*") == 0) return true;
-  const std::string_view head = headOf(path);
-  const char* rest = nextAttr(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   for (auto& child : children()) {
     if (nameOf(child.get()) == head || head == "*") {
       if (child->IsModified(rest)) return true;
@@ -120,8 +120,8 @@ std::string CSQLContOR::GetSubType() {
 int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
   if (beginText(path, text)) return SQL_OK;
-  const std::string_view head = headOf(path);
-  const char* rest = nextAttr(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   std::string piece;
   for (auto& child : children()) {
     if (isQuiet(child.get())) continue;

@@ -36,8 +36,8 @@ int CSQLList::postModifiedSQL(const char* /*path*/, std::string& text) {
 int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
   if (beginText(path, text)) return SQL_OK;
-  const std::string_view head = headOf(path);
-  const char* rest = nextAttr(path);
+  std::string_view head;
+  const char* rest = splitPath(path, head);
   bool written = false;
   std::string piece;
   for (const auto& child : children()) {

@@ -77,6 +77,7 @@ class Node {
   // Appends children below this node, skipping empty ones.
   template <class... Children>
   Node with(Children&&... children) && {
+    reserveFor(m_node.get(), sizeof...(Children));
     (appendTo(m_node.get(), std::forward<Children>(children)), ...);
     return std::move(*this);
   }
@@ -96,6 +97,8 @@ class Node {
 
   // Hands `child` to `parent` (through AddAttr with a null path); an empty child is skipped.
   static void appendTo(CSQLClause* parent, Node&& child);
+  // Makes room for `count` more children of `parent`, so that a listing grows its vector once.
+  static void reserveFor(CSQLClause* parent, std::size_t count);
 
  private:
   std::unique_ptr<CSQLClause> m_node;
@@ -160,6 +163,7 @@ Node Or(Node first, Children&&... rest) {
 
 template <class... Children>
 void attach(CSQLClause* parent, Children&&... children) {
+  Node::reserveFor(parent, sizeof...(Children));
   (Node::appendTo(parent, std::forward<Children>(children)), ...);
 }
 

@@ -123,6 +123,8 @@ class CSQLClause {
   static std::string getAttr(const char* path);
   // The first segment as a view into `path`: what the walks compare, without a copy.
   static std::string_view headOf(const char* path);
+  // Both at once: sets `head` to the first segment and returns what nextAttr returns.
+  static const char* splitPath(const char* path, std::string_view& head);
   static const char* nextAttr(const char* path);
   bool isEqual(const char* path) const;
 
