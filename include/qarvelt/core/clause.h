@@ -8,6 +8,10 @@
 //
 // One writing operation, GetModifiedSQL, serves CREATE and ALTER text alike: a leaf writes itself
 // only when its current value differs from its initial value.
+//
+// A clause builds its subtree the first time an operation needs it (a path walk into it, Copy,
+// GetLength, GetChild, writing a modified part), always with the release code it was constructed
+// with. Reading a tree may therefore change it: share a tree between threads only behind a lock.
 #ifndef QARVELT_CORE_CLAUSE_H
 #define QARVELT_CORE_CLAUSE_H
 
