@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "commands.h"
+#include <qarvelt/model/document.h>
+#include <qarvelt/model/script.h>
+#include <qarvelt/model/statements.h>
 
-using namespace qarvelt::tool;
+using namespace qarvelt::model;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string input(reinterpret_cast<const char*>(data), size);
@@ -15,14 +17,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string second = split == std::string::npos ? first : input.substr(split + 1);
   Options options;
   try {
-    RunRender(first, "fuzz");
-  } catch (const ToolError&) {
+    Render(first, "fuzz");
+  } catch (const Error&) {
   }
   try {
     const Table before = ReadTable(first, "old");
-    RunCreate(before, options);
-    RunDiff(before, ReadTable(second, "new"), options);
-  } catch (const ToolError&) {
+    Create(before, options);
+    Diff(before, ReadTable(second, "new"), options);
+  } catch (const Error&) {
   }
   return 0;
 }

@@ -13,40 +13,23 @@
 #include <iostream>
 #include <sstream>
 
-#include <qarvelt/util/sqlplus.h>
+#include <qarvelt/model/document.h>
+#include <qarvelt/model/error.h>
+#include <qarvelt/model/script.h>
+#include <qarvelt/model/statements.h>
 #include <qarvelt/version.h>
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
-#include "commands.h"
-#include "common.h"
-
-using namespace qarvelt::tool;
+using namespace qarvelt::model;
 
 namespace {
 
 std::string readFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) throw ToolError(kExitBadInput, path + ": cannot be read");
+  if (!in) throw Error(ErrorKind::BadInput, path, "cannot be read");
   std::ostringstream text;
   text << in.rdbuf();
   return text.str();
-}
-
-// Statements one per block, each followed by the terminator: ";" after the statement (a PL/SQL unit
-// gets "/" on a line of its own instead), "/" on a line of its own, or nothing.
-std::string formatScript(const Script& script, const std::string& terminator, bool json) {
-  if (json) {
-    nlohmann::json out = {{"statements", script.statements}, {"warnings", script.warnings}};
-    return out.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
-  }
-  const qarvelt::SQLTerminator how = terminator == ";"   ? qarvelt::SQLTerminator::Semicolon
-                                     : terminator == "/" ? qarvelt::SQLTerminator::Slash
-                                                         : qarvelt::SQLTerminator::None;
-  std::string text;
-  for (const std::string& statement : script.statements)
-    text += qarvelt::TerminateStatement(statement, how);
-  return text;
 }
 
 }  // namespace
@@ -110,44 +93,48 @@ int main(int argc, char** argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     const int code = app.exit(error);
-    return code == 0 ? 0 : kExitBadInput;
+    return code == 0 ? 0 : static_cast<int>(ErrorKind::BadInput);
   }
 
   try {
-    if (!releaseName.empty()) release = ReleaseCode(releaseName, "--release");
+    if (!releaseName.empty()) release = ReadRelease(releaseName, "--release");
     std::string text;
     Script script;
     bool isScript = true;
     if (*create) {
-      script = RunCreate(ReadTable(readFile(tableFile), tableFile), options);
+      script = Create(ReadTable(readFile(tableFile), tableFile), options);
     } else if (*diff) {
-      script = RunDiff(ReadTable(readFile(oldFile), oldFile), ReadTable(readFile(newFile), newFile), options);
+      script = Diff(ReadTable(readFile(oldFile), oldFile), ReadTable(readFile(newFile), newFile), options);
     } else if (*render) {
-      script = RunRender(readFile(statementFile), statementFile);
+      script = Render(readFile(statementFile), statementFile);
     } else {
       isScript = false;
-      if (*paths) text = RunPaths(kind, release);
-      if (*kinds) text = RunKinds();
-      if (*types) text = RunTypes(release);
+      if (*paths) text = PathListing(kind, release);
+      if (*kinds) text = KindListing();
+      if (*types) text = TypeListing(release);
     }
     if (isScript) {
       // Warnings go to standard error always, and into the JSON with --json.
       for (const std::string& warning : script.warnings)
         std::cerr << "warning: " << warning << "\n";
-      text = formatScript(script, terminator, json);
+      text = json ? ScriptJson(script)
+                  : ScriptText(script,
+                               terminator == ";"   ? Terminator::Semicolon
+                               : terminator == "/" ? Terminator::Slash
+                                                   : Terminator::None);
     }
     if (output.empty()) {
       std::cout << text;
     } else {
       std::ofstream out(output, std::ios::binary);
-      if (!(out << text)) throw ToolError(kExitFailure, output + ": cannot be written");
+      if (!(out << text)) throw Error(ErrorKind::Refused, output, "cannot be written");
     }
-    return kExitOk;
-  } catch (const ToolError& error) {
+    return 0;
+  } catch (const Error& error) {
     std::cerr << "qarvelt: " << error.what() << "\n";
-    return error.code();
+    return error.exitCode();
   } catch (const std::exception& error) {
     std::cerr << "qarvelt: " << error.what() << "\n";
-    return kExitFailure;
+    return static_cast<int>(ErrorKind::Refused);
   }
 }

@@ -55,4 +55,9 @@
 
 #include "qarvelt/util/util.h"
 
+#include "qarvelt/model/document.h"
+#include "qarvelt/model/error.h"
+#include "qarvelt/model/script.h"
+#include "qarvelt/model/statements.h"
+
 #endif  // QARVELT_QARVELT_H

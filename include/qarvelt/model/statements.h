@@ -1,17 +1,18 @@
-// The one list of what the low-level commands know about the library: its statement kinds, the item
-// classes a host appends to lists, and which lists take which items. `kinds`, `paths` and `render`
-// (and the README's tables) are derived from these tables; a new statement or item class is added
-// here and nowhere else.
-#ifndef QARVELT_TOOLS_REGISTRY_H
-#define QARVELT_TOOLS_REGISTRY_H
+// The statement trees by name: the library's statement kinds, the item classes a host appends to
+// lists and which lists take which items, with the calls that make, fill and write a tree by name
+// and path. `qarvelt kinds`, `paths` and `render`, the Python module and the README's tables are
+// derived from these tables; a new statement or item class is added here and nowhere else.
+#ifndef QARVELT_MODEL_REGISTRY_H
+#define QARVELT_MODEL_REGISTRY_H
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#include <qarvelt/core/clause.h>
+#include "qarvelt/core/clause.h"
+#include "qarvelt/model/script.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 // A statement kind: its Oracle name ("CREATE TABLE"), its class ("CSQLCreateTable") and a factory
 // that builds its tree for a release code.
@@ -69,6 +70,33 @@ std::vector<std::string> PathNames(const std::vector<PathEntry>& entries);
 // is the path of the tree that the listed one stands in, when it is an item ("" for a statement).
 std::string DescribePath(const PathEntry& entry, const std::string& context = "");
 
-}  // namespace qarvelt::tool
+// ---- a statement tree, one call at a time (what `qarvelt render` does with a document) ----------
 
-#endif  // QARVELT_TOOLS_REGISTRY_H
+// A new tree of the statement kind `kind` (as KindNames() gives it, or its class name). Throws Error
+// (BadInput) naming the nearest kinds.
+std::unique_ptr<CSQLClause> MakeStatement(const std::string& kind, int release);
+// A new item of `itemClass` named `name`. Throws Error (BadInput) naming the nearest classes.
+std::unique_ptr<CSQLClause> MakeItem(const std::string& itemClass, const std::string& name, int release);
+// Sets the value (or, with `initial`, the initial value) at `path` below `root`. An unknown path
+// throws Error (BadInput) naming the nearest paths; a value the leaf refuses, Error (Refused).
+void SetPath(CSQLClause& root, const std::string& path, const std::string& value, bool initial = false);
+// Appends a new item of `itemClass` named `name` to the list at `listPath` below `root`. No list
+// there, or an unknown class, throws Error (BadInput).
+void AddItem(CSQLClause& root,
+             const std::string& listPath,
+             const std::string& itemClass,
+             const std::string& name,
+             int release);
+// The statements of every writing pass: write, RefreshUsed, again while changes are left unwritten.
+std::vector<std::string> Passes(CSQLClause& root);
+
+// `qarvelt render`: a statement from a statement document (see the README).
+Script Render(const std::string& json, const std::string& source = "document");
+// The listings of `qarvelt paths`, `qarvelt kinds` and `qarvelt types`, one entry per line.
+std::string PathListing(const std::string& kind, int release);
+std::string KindListing();
+std::string TypeListing(int release);
+
+}  // namespace qarvelt::model
+
+#endif  // QARVELT_MODEL_REGISTRY_H

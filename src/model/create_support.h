@@ -1,8 +1,8 @@
 // What `qarvelt create` needs beside the statement trees: a filler that sets a tree by paths and
 // refuses whatever the tree does not take or does not write, the release checks, and the checks of
 // the values that go into the statements as they are (numbers, sizes, keywords).
-#ifndef QARVELT_TOOLS_CREATE_SUPPORT_H
-#define QARVELT_TOOLS_CREATE_SUPPORT_H
+#ifndef QARVELT_MODEL_CREATE_SUPPORT_H
+#define QARVELT_MODEL_CREATE_SUPPORT_H
 
 #include <algorithm>
 #include <cctype>
@@ -15,9 +15,9 @@
 #include <qarvelt/core/clause.h>
 
 #include "common.h"
-#include "document.h"
+#include "qarvelt/model/document.h"
 
-namespace qarvelt::tool::create {
+namespace qarvelt::model::create {
 
 // "Oracle 9i Release 1 (release code 3)".
 inline std::string ReleaseLabel(int release) {
@@ -28,13 +28,13 @@ inline std::string ReleaseLabel(int release) {
 // Refuses `feature` (found at `where`) when the table's release is older than `since`.
 inline void RequireRelease(int release, int since, const std::string& where, const std::string& feature) {
   if (release >= since) return;
-  throw ToolError(kExitBadInput,
-                  where + ": " + feature + " needs " + ReleaseLabel(since) + "; the table is for " +
-                      ReleaseLabel(release));
+  throw Failure(kExitBadInput,
+                where,
+                feature + " needs " + ReleaseLabel(since) + "; the table is for " + ReleaseLabel(release));
 }
 
 [[noreturn]] inline void Refuse(const std::string& where, const std::string& message) {
-  throw ToolError(kExitBadInput, where + ": " + message);
+  throw Failure(kExitBadInput, where, message);
 }
 
 inline bool IsDigits(const std::string& text) {
@@ -93,7 +93,7 @@ class TreeFiller {
   // Appends a list item (a column, a partition) to the list at `path`.
   void Add(const std::string& path, std::unique_ptr<CSQLClause> item, const std::string& what) {
     if (m_root.AddAttr(path.c_str(), std::move(item)) != SQL_OK) {
-      throw ToolError(kExitFailure, what + ": the " + m_statement + " tree has no list \"" + path + "\"");
+      throw Failure(kExitFailure, what + ": the " + m_statement + " tree has no list \"" + path + "\"");
     }
   }
 
@@ -112,13 +112,13 @@ class TreeFiller {
   std::string Write() {
     std::string text;
     if (m_root.GetModifiedSQL("*", text) != SQL_OK) {
-      throw ToolError(kExitFailure, "the " + m_statement + " tree wrote nothing");
+      throw Failure(kExitFailure, "the " + m_statement + " tree wrote nothing");
     }
     Trim(text);
     for (const auto& [path, what] : m_written) {
       CSQLClause* node = m_root.GetClause(path.c_str());
       if (node == nullptr || node->hasUnused()) {
-        throw ToolError(kExitFailure, what + ": the " + m_statement + " tree did not write it");
+        throw Failure(kExitFailure, what + ": the " + m_statement + " tree did not write it");
       }
     }
     return text;
@@ -128,11 +128,10 @@ class TreeFiller {
   void setLeaf(const std::string& path, const std::string& value, const std::string& what) {
     const int result = m_root.SetValue(path.c_str(), value.c_str());
     if (result == SQL_INVALID) {
-      throw ToolError(kExitFailure, what + ": the " + m_statement + " tree refuses \"" + value + "\"");
+      throw Failure(kExitFailure, what + ": the " + m_statement + " tree refuses \"" + value + "\"");
     }
     if (result != SQL_OK) {
-      throw ToolError(kExitFailure,
-                      what + ": the " + m_statement + " tree has no place for it (" + path + ")");
+      throw Failure(kExitFailure, what + ": the " + m_statement + " tree has no place for it (" + path + ")");
     }
   }
 
@@ -141,6 +140,6 @@ class TreeFiller {
   std::vector<std::pair<std::string, std::string>> m_written;
 };
 
-}  // namespace qarvelt::tool::create
+}  // namespace qarvelt::model::create
 
-#endif  // QARVELT_TOOLS_CREATE_SUPPORT_H
+#endif  // QARVELT_MODEL_CREATE_SUPPORT_H

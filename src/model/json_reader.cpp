@@ -4,7 +4,7 @@
 
 #include "common.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 Json ParseJson(const std::string& text, const std::string& source) {
   try {
@@ -24,21 +24,21 @@ Json ParseJson(const std::string& text, const std::string& source) {
     std::string message = error.what();
     const auto colon = message.rfind(": ");
     if (colon != std::string::npos) message = message.substr(colon + 2);
-    throw ToolError(
-        kExitBadInput,
-        source + ":" + std::to_string(line) + ":" + std::to_string(column) + ": malformed JSON: " + message);
+    throw Failure(kExitBadInput,
+                  source + ":" + std::to_string(line) + ":" + std::to_string(column),
+                  "malformed JSON: " + message);
   } catch (const Json::exception& error) {
     // A number too large for any type, and the like.
-    throw ToolError(kExitBadInput, source + ": unreadable JSON: " + std::string(error.what()));
+    throw Failure(kExitBadInput, source, "unreadable JSON: " + std::string(error.what()));
   }
 }
 
 ObjectReader::ObjectReader(const Json& value, std::string where) : m_value(value), m_where(std::move(where)) {
-  if (!m_value.is_object()) throw ToolError(kExitBadInput, m_where + ": expected an object");
+  if (!m_value.is_object()) throw Failure(kExitBadInput, m_where, "expected an object");
 }
 
 void ObjectReader::Fail(const std::string& key, const std::string& message) const {
-  throw ToolError(kExitBadInput, m_where + (key.empty() ? "" : "." + key) + ": " + message);
+  throw Failure(kExitBadInput, m_where + (key.empty() ? "" : "." + key), message);
 }
 
 const Json* ObjectReader::find(const char* key) {
@@ -149,4 +149,4 @@ void ObjectReader::Done() {
   }
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

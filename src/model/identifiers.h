@@ -1,13 +1,13 @@
 // Oracle identifiers: folded as Oracle folds names written without quotes, checked for the release
 // they are written for, and quoted when they need it.
-#ifndef QARVELT_TOOLS_IDENTIFIERS_H
-#define QARVELT_TOOLS_IDENTIFIERS_H
+#ifndef QARVELT_MODEL_IDENTIFIERS_H
+#define QARVELT_MODEL_IDENTIFIERS_H
 
 #include <string>
 
-#include "document.h"
+#include "qarvelt/model/document.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 // The longest identifier, in bytes, that a release takes. Every release the library knows (up to
 // Oracle 11g) takes 30; Oracle 12.2 raised it to 128.
@@ -16,7 +16,7 @@ bool IsReservedWord(const std::string& word);
 
 // `name` as it is written in a statement: bare when it is an ordinary upper-case identifier, in
 // double quotes when it needs them (lower case, blanks, a reserved word, a leading digit ...) or
-// when `quoteAll` is set. Throws ToolError (exit code 2) naming `where` for a name Oracle refuses:
+// when `quoteAll` is set. Throws Failure (exit code 2) naming `where` for a name Oracle refuses:
 // empty, too long for the release, or holding a double quote or a NUL.
 std::string Identifier(const std::string& name, int release, bool quoteAll, const std::string& where);
 
@@ -30,6 +30,6 @@ std::string FoldName(const std::string& name);
 // the same objects whoever runs it. Compare and write the names of the result only.
 Table ResolveNames(Table table, bool preserveCase);
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model
 
-#endif  // QARVELT_TOOLS_IDENTIFIERS_H
+#endif  // QARVELT_MODEL_IDENTIFIERS_H

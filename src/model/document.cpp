@@ -1,4 +1,4 @@
-#include "document.h"
+#include "qarvelt/model/document.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include "common.h"
 #include "json_reader.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 namespace {
 
@@ -269,7 +269,7 @@ const std::vector<std::string>& ReleaseNames() {
   return names;
 }
 
-int ReleaseCode(const std::string& name, const std::string& where) {
+int ReadRelease(const std::string& name, const std::string& where) {
   // Compare without blanks, letter case, "oracle", "database" and "release" (written r).
   std::string key;
   for (char c : upper(name)) {
@@ -299,9 +299,10 @@ int ReleaseCode(const std::string& name, const std::string& where) {
       return code;
     }
   }
-  throw ToolError(kExitBadInput,
-                  where + ": unknown release \"" + name + "\"; give a release code 0-7 or one of " +
-                      JoinAlternatives(ReleaseNames()));
+  throw Failure(kExitBadInput,
+                where,
+                "unknown release \"" + name + "\"; give a release code 0-7 or one of " +
+                    JoinAlternatives(ReleaseNames()));
 }
 
 Table ReadTable(const std::string& text, const std::string& source) {
@@ -313,7 +314,7 @@ Table ReadTable(const std::string& text, const std::string& source) {
   const Json* release = r.Raw("release");
   if (release != nullptr) {
     const std::string name = release->is_string() ? release->get<std::string>() : release->dump();
-    t.release = ReleaseCode(name, source + ".release");
+    t.release = ReadRelease(name, source + ".release");
   }
   t.tablespace = r.Text("tablespace");
   readSegment(r, t.segment);
@@ -352,8 +353,8 @@ Table ReadTable(const std::string& text, const std::string& source) {
   r.Object("partitioning", [&](ObjectReader& p) { readPartitioning(p, t.partitioning); });
   r.Done();
   if (t.columns.empty())
-    throw ToolError(kExitBadInput, source + ".columns: a table needs at least one column");
+    throw Failure(kExitBadInput, source + ".columns", "a table needs at least one column");
   return t;
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

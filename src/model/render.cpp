@@ -18,9 +18,9 @@
 
 #include "commands.h"
 #include "json_reader.h"
-#include "registry.h"
+#include "qarvelt/model/statements.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 namespace {
 
@@ -113,7 +113,7 @@ StatementDocument readDocument(const std::string& text, const std::string& sourc
                JoinAlternatives(Nearest(kind, KindNames())) + "?");
   }
   const std::string release = r.Text("release");
-  if (!release.empty()) doc.release = ReleaseCode(release, source + ".release");
+  if (!release.empty()) doc.release = ReadRelease(release, source + ".release");
   doc.values = readValues(r, "values");
   doc.init = readValues(r, "init");
   readItems(r, doc.items);
@@ -142,9 +142,10 @@ void appendItem(
     for (const PathEntry& entry : TreePaths(owner)) {
       if (entry.kind == PathEntry::Kind::List) lists.push_back(entry.path);
     }
-    throw ToolError(kExitBadInput,
-                    item.where + ".list: " + (list == nullptr ? "no list at \"" : "not a list: \"") +
-                        item.list + "\"" + didYouMean(item.list, lists));
+    throw Failure(kExitBadInput,
+                  item.where + ".list",
+                  (list == nullptr ? "no list at \"" : "not a list: \"") + item.list + "\"" +
+                      didYouMean(item.list, lists));
   }
   const std::vector<std::string> takes = ItemsOfList(listPath);
   const std::string className = item.item_class->class_name;
@@ -156,7 +157,7 @@ void appendItem(
   item.node = node.get();
   item.path = join(listPath, item.name);
   if (list->AddAttr(nullptr, std::move(node)) != SQL_OK) {
-    throw ToolError(kExitFailure, item.where + ": the list " + listPath + " refused the item");
+    throw Failure(kExitFailure, item.where + ": the list " + listPath + " refused the item");
   }
   for (ItemDocument& nested : item.items)
     appendItem(*item.node, item.path, nested, release, script);
@@ -186,14 +187,14 @@ void setOne(CSQLClause& node,
       const int result = assign(*target, nullptr, value, slot);
       if (result == SQL_OK) return;
       if (result != SQL_NOT_FOUND) {
-        throw ToolError(kExitFailure,
-                        where + ": " + join(nodePath, path) + " refuses the value \"" + value + "\"");
+        throw Failure(kExitFailure, where, join(nodePath, path) + " refuses the value \"" + value + "\"");
       }
     }
   }
-  throw ToolError(kExitBadInput,
-                  where + ": unknown path \"" + path + "\"" + (nodePath.empty() ? "" : " in " + nodePath) +
-                      didYouMean(path, PathNames(TreePaths(node))));
+  throw Failure(kExitBadInput,
+                where,
+                "unknown path \"" + path + "\"" + (nodePath.empty() ? "" : " in " + nodePath) +
+                    didYouMean(path, PathNames(TreePaths(node))));
 }
 
 void setAll(CSQLClause& node,
@@ -213,6 +214,35 @@ void setItems(std::vector<ItemDocument>& items, Slot slot) {
   }
 }
 
+// One statement per pass. Every pass withdraws what it wrote; a tree that writes a statement again,
+// or twice in a row writes nothing while changes are left, is stopped with a warning.
+void writePasses(CSQLClause& root, Script& script) {
+  std::set<std::string> written;
+  int idle = 0;
+  for (int pass = 1;; ++pass) {
+    std::string statement;
+    root.GetModifiedSQL("*", statement);
+    Trim(statement);
+    if (statement.empty()) {
+      ++idle;
+    } else if (!written.insert(statement).second) {
+      script.warnings.push_back("pass " + std::to_string(pass) +
+                                " wrote a statement already written; the rest is left out");
+      break;
+    } else {
+      idle = 0;
+      script.statements.push_back(statement);
+    }
+    root.RefreshUsed();
+    if (!root.hasUnused()) break;
+    if (idle >= 2 || pass == kMaxPasses) {
+      script.warnings.push_back("changes are left that no pass writes; stopped after pass " +
+                                std::to_string(pass));
+      break;
+    }
+  }
+}
+
 }  // namespace
 
 Script RunRender(const std::string& text, const std::string& source) {
@@ -227,34 +257,75 @@ Script RunRender(const std::string& text, const std::string& source) {
   setAll(*root, "", doc.where, doc.values, Slot::Value);
   setItems(doc.items, Slot::Value);
 
-  // One statement per pass. Every pass withdraws what it wrote; a tree that writes a statement
-  // again, or twice in a row writes nothing while changes are left, is stopped.
-  std::set<std::string> written;
-  int idle = 0;
-  for (int pass = 1;; ++pass) {
-    std::string statement;
-    root->GetModifiedSQL("*", statement);
-    Trim(statement);
-    if (statement.empty()) {
-      ++idle;
-    } else if (!written.insert(statement).second) {
-      script.warnings.push_back("pass " + std::to_string(pass) +
-                                " wrote a statement already written; the rest is left out");
-      break;
-    } else {
-      idle = 0;
-      script.statements.push_back(statement);
-    }
-    root->RefreshUsed();
-    if (!root->hasUnused()) break;
-    if (idle >= 2 || pass == kMaxPasses) {
-      script.warnings.push_back("changes are left that no pass writes; stopped after pass " +
-                                std::to_string(pass));
-      break;
-    }
-  }
+  writePasses(*root, script);
   if (script.statements.empty()) script.warnings.push_back(doc.where + ": the statement writes nothing");
   return script;
 }
 
-}  // namespace qarvelt::tool
+// ---- the statement trees, one call at a time ----------------------------------------------------
+
+std::unique_ptr<CSQLClause> MakeStatement(const std::string& kind, int release) {
+  const StatementKind* found = FindKind(kind);
+  if (found == nullptr) {
+    throw Failure(
+        kExitBadInput, "kind", "unknown statement kind \"" + kind + "\"" + didYouMean(kind, KindNames()));
+  }
+  return found->make(release);
+}
+
+std::unique_ptr<CSQLClause> MakeItem(const std::string& itemClass, const std::string& name, int release) {
+  const ItemClass* found = FindItemClass(itemClass);
+  if (found == nullptr) {
+    throw Failure(kExitBadInput,
+                  "item class",
+                  "unknown item class \"" + itemClass + "\"" + didYouMean(itemClass, ItemClassNames()));
+  }
+  if (name.empty() || name.find(';') != std::string::npos)
+    throw Failure(kExitBadInput, "item name", "an item needs a name without \";\"");
+  return found->make(name.c_str(), release);
+}
+
+void SetPath(CSQLClause& root, const std::string& path, const std::string& value, bool initial) {
+  setOne(root, "", "", path, value, initial ? Slot::Init : Slot::Value);
+}
+
+void AddItem(CSQLClause& root,
+             const std::string& listPath,
+             const std::string& itemClass,
+             const std::string& name,
+             int release) {
+  ItemDocument item;
+  item.where = "item " + name;
+  item.list = listPath;
+  item.item_class = FindItemClass(itemClass);
+  item.name = name;
+  if (item.item_class == nullptr || name.empty() || name.find(';') != std::string::npos) {
+    MakeItem(itemClass, name, release);  // throws the error that fits
+  }
+  Script ignored;
+  appendItem(root, "", item, release, ignored);
+}
+
+std::vector<std::string> Passes(CSQLClause& root) {
+  Script script;
+  writePasses(root, script);
+  return script.statements;
+}
+
+Script Render(const std::string& json, const std::string& source) {
+  return RunRender(json, source);
+}
+
+std::string PathListing(const std::string& kind, int release) {
+  return RunPaths(kind, release);
+}
+
+std::string KindListing() {
+  return RunKinds();
+}
+
+std::string TypeListing(int release) {
+  return RunTypes(release);
+}
+
+}  // namespace qarvelt::model

@@ -29,7 +29,7 @@
 #include "create_support.h"
 #include "identifiers.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 namespace {
 
@@ -264,18 +264,18 @@ class Differ {
   }
   [[noreturn]] void refuse(const std::string& what) {
     m_why = what;
-    throw ToolError(kExitNeedsRecreate,
-                    tableName(m_before) + ": " + what +
-                        "; no ALTER statement does this (--allow-recreate drops and creates the table)");
+    throw Failure(kExitNeedsRecreate,
+                  tableName(m_before) + ": " + what +
+                      "; no ALTER statement does this (--allow-recreate drops and creates the table)");
   }
   // Refuses a statement that the table's release lacks, naming the release that brought it.
   void requireRelease(int since, const std::string& what) {
     if (m_release >= since) return;
     m_why = what + " needs " + create::ReleaseLabel(since);
-    throw ToolError(kExitNeedsRecreate,
-                    tableName(m_before) + ": " + what + " needs " + create::ReleaseLabel(since) +
-                        "; the table is for " + create::ReleaseLabel(m_release) +
-                        " (--allow-recreate drops and creates the table)");
+    throw Failure(kExitNeedsRecreate,
+                  tableName(m_before) + ": " + what + " needs " + create::ReleaseLabel(since) +
+                      "; the table is for " + create::ReleaseLabel(m_release) +
+                      " (--allow-recreate drops and creates the table)");
   }
   // Refuses a column type that comes with a later release: the new document is wrong, as create
   // would say.
@@ -394,7 +394,7 @@ Script Differ::recreate() {
   script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost (" + m_why +
                             ")");
   if (m_options.fail_on_data_loss) {
-    throw ToolError(kExitFailure, "refused, the script loses data: " + script.warnings.back());
+    throw Failure(kExitFailure, "refused, the script loses data: " + script.warnings.back());
   }
   Script create = RunCreate(m_after, m_options);
   script.statements.insert(script.statements.end(), create.statements.begin(), create.statements.end());
@@ -417,9 +417,9 @@ void Differ::matchColumns() {
       break;
     }
     if (!column.renamed_from.empty() && m_columnOf.count(n) == 0) {
-      throw ToolError(kExitBadInput,
-                      "column " + column.name +
-                          ": renamed_from names no column of the old table: " + column.renamed_from);
+      throw Failure(kExitBadInput,
+                    "column " + column.name +
+                        ": renamed_from names no column of the old table: " + column.renamed_from);
     }
   }
   for (std::size_t o = 0; o < m_before.columns.size(); ++o) {
@@ -686,13 +686,13 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
       }
     }
     if (!now.renamed_from.empty() && o == m_before.constraints.size()) {
-      throw ToolError(kExitBadInput,
-                      where + ": renamed_from names no constraint of the old table: " + now.renamed_from);
+      throw Failure(kExitBadInput,
+                    where + ": renamed_from names no constraint of the old table: " + now.renamed_from);
     }
     bool redefine = o < m_before.constraints.size() && !sameDefinition(m_before.constraints[o], now);
     for (const std::string& col : now.columns) {
       if (m_droppedColumns.count(col) != 0)
-        throw ToolError(kExitBadInput, where + " names the dropped column " + col);
+        throw Failure(kExitBadInput, where + " names the dropped column " + col);
     }
     if (o < m_before.constraints.size() && !redefine) {
       // Kept: a rename and state changes.
@@ -718,8 +718,8 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
         load(*target->STATE(), names[i], a[i] == b[i] ? "" : b[i], "");
       }
       if (target->STATE()->IsModified(nullptr) && old.name.empty()) {
-        throw ToolError(kExitBadInput,
-                        where + ": the state of an unnamed constraint cannot be changed; name it");
+        throw Failure(kExitBadInput,
+                      where + ": the state of an unnamed constraint cannot be changed; name it");
       }
       if (target->STATE()->IsModified(nullptr))
         requireRelease(2, "changing the state of constraint " + old.name + " (MODIFY CONSTRAINT)");
@@ -748,8 +748,8 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
         std::find(redefined.begin(), redefined.end(), old.name) != redefined.end() && !old.name.empty();
     if (matched.count(o) != 0 && !redefinedNow) continue;
     if (old.name.empty()) {
-      throw ToolError(kExitBadInput,
-                      "the old table's constraints[" + std::to_string(o) + "] has no name to drop it by");
+      throw Failure(kExitBadInput,
+                    "the old table's constraints[" + std::to_string(o) + "] has no name to drop it by");
     }
     const std::string key = "-" + std::to_string(o);
     constraints.AddConstraint(key.c_str(), true);
@@ -814,7 +814,7 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
       }
     }
     if (!now.renamed_from.empty() && old == nullptr) {
-      throw ToolError(
+      throw Failure(
           kExitBadInput,
           "index " + now.name + ": renamed_from names no index of the old table: " + now.renamed_from);
     }
@@ -869,8 +869,8 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
     CSQLAlterIndex statement;
     Texts out;
     if (const int result = CSQLUtil::GenAltIndex(&statement, &out, &record)) {
-      throw ToolError(kExitFailure,
-                      "index " + now.name + ": the change script failed with code " + std::to_string(result));
+      throw Failure(kExitFailure,
+                    "index " + now.name + ": the change script failed with code " + std::to_string(result));
     }
     altered.insert(altered.end(), out.begin(), out.end());
   }
@@ -915,7 +915,7 @@ void Differ::loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const 
         std::find_if(before.begin(), before.end(), [&](const Partition& b) { return b.name == oldName; });
     if (found == before.end()) {
       if (!p.renamed_from.empty()) {
-        throw ToolError(
+        throw Failure(
             kExitBadInput,
             where + " " + p.name + ": renamed_from names no partition of the old index: " + p.renamed_from);
       }
@@ -987,8 +987,8 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
       if (a.partitions[i].name == oldName && matched.count(i) == 0) o = i;
     }
     if (!now.renamed_from.empty() && o == a.partitions.size()) {
-      throw ToolError(kExitBadInput,
-                      where + ": renamed_from names no partition of the old table: " + now.renamed_from);
+      throw Failure(kExitBadInput,
+                    where + ": renamed_from names no partition of the old table: " + now.renamed_from);
     }
     if (o == a.partitions.size()) continue;
     matched.insert(o);
@@ -1088,7 +1088,7 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
 
   CSQLAlterTable statement;
   if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
-    throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
+    throw Failure(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
   }
   const std::string dropHeld =
       heldPartition == nullptr ? "" : head + " DROP PARTITION " + id(heldPartition->name, "partition");
@@ -1127,9 +1127,9 @@ void Differ::loadSubpartitions(CSQLInfoPartitions::CPartition& record,
                                     [&](const Partition& o) { return o.name == oldName; });
     if (found == old.subpartitions.end()) {
       if (!s.renamed_from.empty()) {
-        throw ToolError(kExitBadInput,
-                        at + " " + s.name + ": renamed_from names no subpartition of partition " + old.name +
-                            ": " + s.renamed_from);
+        throw Failure(kExitBadInput,
+                      at + " " + s.name + ": renamed_from names no subpartition of partition " + old.name +
+                          ": " + s.renamed_from);
       }
       const auto fallback = std::find_if(old.subpartitions.begin(), old.subpartitions.end(), isTop);
       if (!s.values.empty() && fallback != old.subpartitions.end()) {
@@ -1189,7 +1189,7 @@ void Differ::addPartition(CSQLInfoTable& table, const Partition& now, const std:
   }
   CSQLAlterTable statement;
   if (const int result = CSQLUtil::GenAltPartition(&statement, &out, &table, &partitions)) {
-    throw ToolError(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
+    throw Failure(kExitFailure, "partitions: the change script failed with code " + std::to_string(result));
   }
 }
 
@@ -1279,8 +1279,8 @@ void Differ::scriptPartitionLobs(CSQLInfoTable& table, Texts& out) {
   if (!any) return;
   CSQLAlterTable statement;
   if (const int result = CSQLUtil::GenAltLOBPartition(&statement, &out, &table, &lobs)) {
-    throw ToolError(kExitFailure,
-                    "partition LOB storage: the change script failed with code " + std::to_string(result));
+    throw Failure(kExitFailure,
+                  "partition LOB storage: the change script failed with code " + std::to_string(result));
   }
 }
 
@@ -1310,7 +1310,7 @@ Script Differ::run() {
   // creates it anew when the caller allows it.
   try {
     return alter();
-  } catch (const ToolError& error) {
+  } catch (const Failure& error) {
     if (!m_options.allow_recreate || error.code() != kExitNeedsRecreate) throw;
     return recreate();
   }
@@ -1331,8 +1331,7 @@ Script Differ::alter() {
   Texts constraintOut;
   CSQLAlterTable constraintTree;
   if (const int result = CSQLUtil::GenAltConstraint(&constraintTree, &constraintOut, &table, &constraints)) {
-    throw ToolError(kExitFailure,
-                    "constraints: the change script failed with code " + std::to_string(result));
+    throw Failure(kExitFailure, "constraints: the change script failed with code " + std::to_string(result));
   }
   CSQLAlterTable renamedConstraintTree;
   CSQLUtil::GenAltConstraint(&renamedConstraintTree, &constraintOut, &table, &renamedConstraints);
@@ -1353,7 +1352,7 @@ Script Differ::alter() {
   Texts columnOut;
   CSQLAlterTable columnTree;
   if (const int result = CSQLUtil::GenAltColumn(&columnTree, &columnOut, &table, &columns)) {
-    throw ToolError(kExitFailure, "columns: the change script failed with code " + std::to_string(result));
+    throw Failure(kExitFailure, "columns: the change script failed with code " + std::to_string(result));
   }
   Texts columnChanges;
   writeTree(columnTree, columnChanges);
@@ -1414,7 +1413,7 @@ Script Differ::alter() {
     std::string message = "refused, the script loses data:";
     for (const std::string& warning : m_lost)
       message += "\n  " + warning;
-    throw ToolError(kExitFailure, message);
+    throw Failure(kExitFailure, message);
   }
   return m_script;
 }
@@ -1427,4 +1426,4 @@ Script RunDiff(const Table& before, const Table& after, const Options& options) 
   return Differ(oldTable, newTable, options).run();
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

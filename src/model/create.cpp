@@ -27,7 +27,7 @@
 #include "create_support.h"
 #include "identifiers.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 namespace {
 
@@ -114,9 +114,9 @@ void checkDataType(const Column& c, int release, const std::string& where) {
   if (zoned && (!c.length.empty() || !c.scale.empty())) {
     // The data type leaf writes its sizes after the whole name: TIMESTAMP WITH TIME ZONE (6), which
     // Oracle does not take (it wants TIMESTAMP (6) WITH TIME ZONE).
-    throw ToolError(kExitFailure,
-                    where + ": column " + c.name + ": the data type tree cannot write a precision inside " +
-                        c.type + "; leave it out (Oracle's default applies)");
+    throw Failure(kExitFailure,
+                  where + ": column " + c.name + ": the data type tree cannot write a precision inside " +
+                      c.type + "; leave it out (Oracle's default applies)");
   }
   if (!sizes.length && !c.length.empty()) Refuse(where + ".length", c.type + " takes no length or precision");
   if (sizes.required && c.length.empty())
@@ -1080,4 +1080,4 @@ std::vector<std::string> CreateIndexStatements(const Table& table,
   return Writer(table, options).IndexStatements(indexes);
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

@@ -1,21 +1,13 @@
-// The commands of the qarvelt tool. Each returns its statements (or its listing) and throws
-// ToolError for input it refuses.
-#ifndef QARVELT_TOOLS_COMMANDS_H
-#define QARVELT_TOOLS_COMMANDS_H
+// The pieces that Create, Diff and the statement listings share inside the model layer.
+#ifndef QARVELT_MODEL_COMMANDS_H
+#define QARVELT_MODEL_COMMANDS_H
 
 #include <string>
 
 #include "common.h"
-#include "document.h"
+#include "qarvelt/model/document.h"
 
-namespace qarvelt::tool {
-
-struct Options {
-  bool allow_recreate = false;     // diff: accept differences that need the table created anew
-  bool fail_on_data_loss = false;  // diff: refuse statements that lose data
-  bool quote_all = false;          // write every identifier in double quotes
-  bool preserve_case = false;      // take names exactly as written, instead of folding them as Oracle does
-};
+namespace qarvelt::model {
 
 // CREATE TABLE, its indexes and comments.
 Script RunCreate(const Table& table, const Options& options);
@@ -42,6 +34,6 @@ std::string RunKinds();
 // The data types of a release, one per line.
 std::string RunTypes(int release);
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model
 
-#endif  // QARVELT_TOOLS_COMMANDS_H
+#endif  // QARVELT_MODEL_COMMANDS_H

@@ -1,15 +1,14 @@
-// The table document: an Oracle table described in JSON, as `qarvelt create` and `qarvelt diff`
-// read it. The README describes every key; Read() checks them all and refuses anything unknown, of
-// the wrong type, or missing, with the place in the document and the nearest valid keys.
-#ifndef QARVELT_TOOLS_DOCUMENT_H
-#define QARVELT_TOOLS_DOCUMENT_H
+// The description of an Oracle table: what a table document holds (see document.h), and what Create
+// and Diff (script.h) turn into statements. Texts are "" when not given.
+#ifndef QARVELT_MODEL_TABLE_H
+#define QARVELT_MODEL_TABLE_H
 
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 // PCTFREE, PCTUSED, INITRANS, MAXTRANS and the STORAGE parameters, as texts ("" when not given).
 struct Segment {
@@ -119,15 +118,6 @@ struct Table {
   Partitioning partitioning;
 };
 
-// Reads a table document; `source` names the input in messages. Throws ToolError (exit code 2).
-Table ReadTable(const std::string& text, const std::string& source);
+}  // namespace qarvelt::model
 
-// The release code of a release given as a number 0-7 or an Oracle release name ("11g", "10gR2",
-// "Oracle 9i Release 2", ...). Throws ToolError (exit code 2) naming `where`.
-int ReleaseCode(const std::string& name, const std::string& where);
-// The Oracle release names, by code, as the README's table gives them.
-const std::vector<std::string>& ReleaseNames();
-
-}  // namespace qarvelt::tool
-
-#endif  // QARVELT_TOOLS_DOCUMENT_H
+#endif  // QARVELT_MODEL_TABLE_H

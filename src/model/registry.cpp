@@ -1,4 +1,4 @@
-#include "registry.h"
+#include "qarvelt/model/statements.h"
 
 #include <algorithm>
 #include <cctype>
@@ -9,7 +9,7 @@
 
 #include "commands.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 namespace {
 
@@ -480,9 +480,9 @@ std::string RunPaths(const std::string& kind, int release) {
     std::vector<std::string> candidates = KindNames();
     const std::vector<std::string> items = ItemClassNames();
     candidates.insert(candidates.end(), items.begin(), items.end());
-    throw ToolError(kExitBadInput,
-                    "unknown statement kind \"" + kind + "\"; did you mean " +
-                        JoinAlternatives(Nearest(kind, candidates)) + "? ('qarvelt kinds' lists them)");
+    throw Failure(kExitBadInput,
+                  "unknown statement kind \"" + kind + "\"; did you mean " +
+                      JoinAlternatives(Nearest(kind, candidates)) + "? ('qarvelt kinds' lists them)");
   }
   std::string text;
   for (const PathEntry& entry : TreePaths(*root))
@@ -504,4 +504,4 @@ std::string RunTypes(int release) {
   return text;
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

@@ -6,7 +6,7 @@
 
 #include "common.h"
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 namespace {
 
@@ -116,15 +116,15 @@ bool IsReservedWord(const std::string& word) {
 }
 
 std::string Identifier(const std::string& name, int release, bool quoteAll, const std::string& where) {
-  if (name.empty()) throw ToolError(kExitBadInput, where + ": a name must not be empty");
+  if (name.empty()) throw Failure(kExitBadInput, where + ": a name must not be empty");
   if (static_cast<int>(name.size()) > MaxIdentifierBytes(release)) {
-    throw ToolError(kExitBadInput,
-                    where + ": the name \"" + name + "\" has " + std::to_string(name.size()) +
-                        " bytes; this release takes " + std::to_string(MaxIdentifierBytes(release)));
+    throw Failure(kExitBadInput,
+                  where + ": the name \"" + name + "\" has " + std::to_string(name.size()) +
+                      " bytes; this release takes " + std::to_string(MaxIdentifierBytes(release)));
   }
   if (name.find('"') != std::string::npos || name.find('\0') != std::string::npos) {
-    throw ToolError(kExitBadInput,
-                    where + ": the name \"" + name + "\" holds a character Oracle refuses in names");
+    throw Failure(kExitBadInput,
+                  where + ": the name \"" + name + "\" holds a character Oracle refuses in names");
   }
   if (!quoteAll && ordinary(name) && !IsReservedWord(name)) return name;
   return "\"" + name + "\"";
@@ -152,4 +152,4 @@ Table ResolveNames(Table table, bool preserveCase) {
   return table;
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

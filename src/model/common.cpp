@@ -2,8 +2,15 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
+
+Error::Error(ErrorKind kind, std::string where, std::string message)
+    : std::runtime_error(where.empty() ? message : where + ": " + message),
+      m_kind(kind),
+      m_where(std::move(where)),
+      m_message(std::move(message)) {}
 
 namespace {
 
@@ -52,4 +59,4 @@ std::string JoinAlternatives(const std::vector<std::string>& words) {
   return text;
 }
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model

@@ -1,7 +1,7 @@
 // Strict reading of JSON documents: every key that the program asks for is known, every other key is
 // an error naming the nearest known ones; types are checked; syntax errors give line and column.
-#ifndef QARVELT_TOOLS_JSON_READER_H
-#define QARVELT_TOOLS_JSON_READER_H
+#ifndef QARVELT_MODEL_JSON_READER_H
+#define QARVELT_MODEL_JSON_READER_H
 
 #include <functional>
 #include <set>
@@ -10,11 +10,11 @@
 
 #include <nlohmann/json.hpp>
 
-namespace qarvelt::tool {
+namespace qarvelt::model {
 
 using Json = nlohmann::json;
 
-// Parses `text`; a syntax error becomes ToolError (exit code 2) "source:line:column: ...".
+// Parses `text`; a syntax error becomes Failure (exit code 2) "source:line:column: ...".
 Json ParseJson(const std::string& text, const std::string& source);
 
 // One JSON object being read. Ask for each key with the accessor of its type, then call Done(),
@@ -52,6 +52,6 @@ class ObjectReader {
   std::vector<std::string> m_known;
 };
 
-}  // namespace qarvelt::tool
+}  // namespace qarvelt::model
 
-#endif  // QARVELT_TOOLS_JSON_READER_H
+#endif  // QARVELT_MODEL_JSON_READER_H
