@@ -29,6 +29,10 @@ run: build
 	@echo "-- the library used directly: examples/hand_built.cpp, examples/schema_change.cpp"
 	@$(BUILD_DIR)/examples/qarvelt_example
 	@$(BUILD_DIR)/examples/qarvelt_schema_change
+	@if [ -d $(BUILD_DIR)/python/qarvelt ]; then \
+	  echo "-- the Python module: examples/emp_diff.py"; \
+	  PYTHONPATH=$(BUILD_DIR)/python /usr/bin/python3 examples/emp_diff.py; \
+	fi
 
 test: build
 	ctest --test-dir $(BUILD_DIR) --output-on-failure -j $(JOBS)
