@@ -14,6 +14,9 @@ namespace qarvelt::model {
 
 // Reads a table document; `source` names the input in errors (Error, BadInput).
 Table ReadTable(const std::string& text, const std::string& source = "document");
+// The table as a table document (JSON, indented by two blanks), with only the keys that hold a
+// value: ReadTable gives back the same description.
+std::string WriteTable(const Table& table);
 
 // The release code of a release given as a number 0-7 or an Oracle release name ("11g", "10gR2",
 // "Oracle 9i Release 2", ...). Throws Error (BadInput) naming `where`.
