@@ -29,7 +29,7 @@ std::unique_ptr<CSQLClause> buildNode(int release) {
 
 // The release codes the library knows.
 constexpr int kFirstRelease = 0;
-constexpr int kLastRelease = kLatestRelease;
+constexpr int kLastRelease = kNewestRelease;
 
 inline const std::vector<NodeClass>& NodeClasses() {
   static const std::vector<NodeClass> classes = {

@@ -56,7 +56,15 @@ TEST(Catalogue, OneListPerCodeForTheWholeRun) {
   EXPECT_EQ(&CSQLUtil::GetDataTypes(7), seven);
   EXPECT_EQ(seven->size(), 24u);
   EXPECT_TRUE(CSQLUtil::GetDataTypes(-1).empty());
-  EXPECT_EQ(CSQLUtil::GetDataTypes(99), *seven);
+  // Codes past the newest known are read as the newest.
+  EXPECT_EQ(CSQLUtil::GetDataTypes(99), CSQLUtil::GetDataTypes(kNewestRelease));
+  // Oracle 21c brought JSON, Oracle 23ai BOOLEAN and VECTOR.
+  const auto has = [](int code, const char* type) {
+    const auto& types = CSQLUtil::GetDataTypes(code);
+    return std::count(types.begin(), types.end(), type) == 1;
+  };
+  EXPECT_TRUE(!has(10, "JSON") && has(11, "JSON") && has(12, "JSON"));
+  EXPECT_TRUE(!has(11, "BOOLEAN") && has(12, "BOOLEAN") && has(12, "VECTOR"));
 }
 
 TEST(TypeQuestions, AnswersByName) {

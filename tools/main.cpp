@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
   std::string output;
   bool json = false;
   Options options;
-  int release = 7;
+  int release = 10;  // Oracle 19c
   std::string releaseName;
 
   auto addOutput = [&](CLI::App* command) {
@@ -83,11 +83,11 @@ int main(int argc, char** argv) {
   std::string kind;
   auto* paths = app.add_subcommand("paths", "the attribute paths of a statement kind");
   paths->add_option("KIND", kind, "a statement kind (see 'qarvelt kinds')")->required();
-  paths->add_option("--release", releaseName, "release code 0-7 or Oracle release name");
+  paths->add_option("--release", releaseName, "release code 0-12 or Oracle release name (default 19c)");
 
   auto* kinds = app.add_subcommand("kinds", "the statement kinds");
   auto* types = app.add_subcommand("types", "the column data types of a release");
-  types->add_option("--release", releaseName, "release code 0-7 or Oracle release name");
+  types->add_option("--release", releaseName, "release code 0-12 or Oracle release name (default 19c)");
 
   try {
     app.parse(argc, argv);

@@ -70,7 +70,7 @@ def _text(document: Document) -> str:
 
 def _release(release: Union[int, str]) -> int:
     if isinstance(release, bool) or not isinstance(release, (int, str)):
-        raise TypeError("a release is a code 0-7 or an Oracle release name such as '11g'")
+        raise TypeError("a release is a code 0-12 or an Oracle release name such as '19c'")
     return _qarvelt.release_code(str(release))
 
 
@@ -129,7 +129,7 @@ class Statement:
 
     @property
     def release(self) -> int:
-        """The release code (0-7) the tree was built for."""
+        """The release code (0-12) the tree was built for."""
         return self._tree.release
 
     def set(self, path: str, value: str) -> None:
@@ -173,7 +173,7 @@ class Statement:
 
 def statement(kind: str, release: Union[int, str] = 7) -> Statement:
     """A new statement tree of kind (as kinds() lists it: "CREATE TABLE", "ALTER INDEX", ...) for a
-    release code 0-7 or an Oracle release name ("8i", "11g"). An unknown kind raises DocumentError
+    release code 0-12 or an Oracle release name ("11g", "19c"). An unknown kind raises DocumentError
     naming the nearest kinds."""
     return Statement(kind, release)
 
@@ -183,13 +183,13 @@ def kinds() -> List[str]:
     return _qarvelt.kinds()
 
 
-def types(release: Union[int, str] = 7) -> List[str]:
-    """The column data types of a release."""
+def types(release: Union[int, str] = "19c") -> List[str]:
+    """The column data types of a release (by default Oracle 19c, as for table documents)."""
     return _qarvelt.types(_release(release))
 
 
 def release_names() -> List[str]:
-    """The Oracle release names of the release codes 0-7, in order."""
+    """The Oracle release names of the release codes 0-12, in order."""
     return _qarvelt.release_names()
 
 

@@ -138,7 +138,8 @@ def test_catalogues():
     assert "CREATE TABLE" in qarvelt.kinds() and "ALTER INDEX" in qarvelt.kinds()
     assert "VARCHAR2" in qarvelt.types(0)
     assert "TIMESTAMP" not in qarvelt.types(0) and "TIMESTAMP" in qarvelt.types("9i")
-    assert len(qarvelt.release_names()) == 8
+    assert len(qarvelt.release_names()) == 13 and qarvelt.release_names()[10] == "Oracle 19c"
+    assert "JSON" not in qarvelt.types("19c") and "JSON" in qarvelt.types("21c") and "BOOLEAN" in qarvelt.types(12)
 
 
 def test_help_is_documented():

@@ -84,11 +84,13 @@ struct Sizes {
 
 Sizes sizesOf(const std::string& type, int release) {
   const bool oracle7 = release == 0;
-  if (type == "VARCHAR2") return {true, true, 1, oracle7 ? 2000 : 4000, false, true};
+  // Oracle 12c brought extended data types: VARCHAR2, NVARCHAR2 and RAW of up to 32767 bytes.
+  const bool extended = release >= 8;
+  if (type == "VARCHAR2") return {true, true, 1, oracle7 ? 2000 : extended ? 32767 : 4000, false, true};
   if (type == "CHAR") return {true, false, 1, oracle7 ? 255 : 2000, false, true};
-  if (type == "NVARCHAR2") return {true, true, 1, 4000, false, false};
+  if (type == "NVARCHAR2") return {true, true, 1, extended ? 32767 : 4000, false, false};
   if (type == "NCHAR") return {true, false, 1, 2000, false, false};
-  if (type == "RAW") return {true, true, 1, oracle7 ? 255 : 2000, false, false};
+  if (type == "RAW") return {true, true, 1, oracle7 ? 255 : extended ? 32767 : 2000, false, false};
   if (type == "NUMBER") return {true, false, 1, 38, true, false};
   if (type == "FLOAT") return {true, false, 1, 126, false, false};
   if (type == "TIMESTAMP") return {true, false, 0, 9, false, false};  // fractional seconds
@@ -99,7 +101,7 @@ Sizes sizesOf(const std::string& type, int release) {
 void checkDataType(const Column& c, int release, const std::string& where) {
   const std::vector<std::string> types = CSQLUtil::GetDataTypes(release);
   if (std::find(types.begin(), types.end(), c.type) == types.end()) {
-    for (int later = release + 1; later <= kLatestRelease; ++later) {
+    for (int later = release + 1; later <= kNewestRelease; ++later) {
       const std::vector<std::string> offered = CSQLUtil::GetDataTypes(later);
       if (std::find(offered.begin(), offered.end(), c.type) != offered.end()) {
         RequireRelease(release, later, where + ".type", "the data type " + c.type + " of column " + c.name);
@@ -146,7 +148,7 @@ class Writer {
  public:
   Writer(const Table& table, const Options& options)
       : m_table(table), m_release(table.release), m_quoteAll(options.quote_all) {
-    if (m_release < 0 || m_release > kLatestRelease) Refuse("release", "unknown release code");
+    if (m_release < 0 || m_release > kNewestRelease) Refuse("release", "unknown release code");
   }
 
   Script Run() {

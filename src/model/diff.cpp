@@ -285,7 +285,7 @@ class Differ {
       return std::find(types.begin(), types.end(), column.type) != types.end();
     };
     if (offers(m_release)) return;
-    for (int later = m_release + 1; later <= kLatestRelease; ++later) {
+    for (int later = m_release + 1; later <= kNewestRelease; ++later) {
       if (offers(later)) {
         create::RequireRelease(
             m_release, later, where + ".type", "the data type " + column.type + " of column " + column.name);

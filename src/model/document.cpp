@@ -5,6 +5,7 @@
 
 #include "common.h"
 #include "json_reader.h"
+#include "qarvelt/core/clause.h"
 
 namespace qarvelt::model {
 
@@ -265,7 +266,12 @@ const std::vector<std::string>& ReleaseNames() {
                                                  "Oracle 9i Release 2",
                                                  "Oracle 10g Release 1",
                                                  "Oracle 10g Release 2",
-                                                 "Oracle 11g"};
+                                                 "Oracle 11g",
+                                                 "Oracle 12c Release 1",
+                                                 "Oracle 12c Release 2",
+                                                 "Oracle 19c",
+                                                 "Oracle 21c",
+                                                 "Oracle 23ai"};
   return names;
 }
 
@@ -282,26 +288,33 @@ int ReadRelease(const std::string& name, const std::string& where) {
   const auto release = key.find("RELEASE");
   if (release != std::string::npos) key.replace(release, 7, "R");
   static const std::vector<std::pair<std::vector<std::string>, int>> aliases = {
-      {{"0", "7", "7.3"}, 0},
-      {{"1", "8", "8.0"}, 1},
-      {{"2", "8I", "8.1"}, 2},
-      {{"3", "9I", "9IR1", "9.0", "9.1"}, 3},
-      {{"4", "9IR2", "9.2"}, 4},
-      {{"5", "10G", "10GR1", "10.1"}, 5},
-      {{"6", "10GR2", "10.2"}, 6},
-      {{"7", "11G", "11GR1", "11GR2", "11.1", "11.2", "11", "12C", "12", "18C", "19C", "21C", "23AI", "23C"},
-       7},
+      {{"7.3"}, 0},
+      {{"8.0"}, 1},
+      {{"8I", "8.1"}, 2},
+      {{"9I", "9IR1", "9.0", "9.1"}, 3},
+      {{"9IR2", "9.2"}, 4},
+      {{"10G", "10GR1", "10.1"}, 5},
+      {{"10GR2", "10.2"}, 6},
+      {{"11G", "11GR1", "11GR2", "11.1", "11.2"}, 7},
+      {{"12C", "12CR1", "12.1"}, 8},
+      {{"12CR2", "12.2", "18C", "18"}, 9},
+      {{"19C", "19"}, 10},
+      {{"21C", "21"}, 11},
+      {{"23AI", "23C", "23"}, 12},
   };
+  // Plain numbers 0-12 are release codes ("7" is code 7, Oracle 11g; not Oracle 7).
+  if (!key.empty() && key.size() <= 2 && std::all_of(key.begin(), key.end(), [](char c) {
+        return std::isdigit(static_cast<unsigned char>(c)) != 0;
+      })) {
+    const int code = std::stoi(key);
+    if (code <= kNewestRelease) return code;
+  }
   for (const auto& [names, code] : aliases) {
-    // "7" alone is the release code 7, not Oracle 7: plain digits 0-7 are codes.
-    if (std::find(names.begin(), names.end(), key) != names.end()) {
-      if (key.size() == 1 && std::isdigit(static_cast<unsigned char>(key[0]))) return key[0] - '0';
-      return code;
-    }
+    if (std::find(names.begin(), names.end(), key) != names.end()) return code;
   }
   throw Failure(kExitBadInput,
                 where,
-                "unknown release \"" + name + "\"; give a release code 0-7 or one of " +
+                "unknown release \"" + name + "\"; give a release code 0-12 or one of " +
                     JoinAlternatives(ReleaseNames()));
 }
 

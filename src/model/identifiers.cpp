@@ -104,8 +104,9 @@ void foldNames(Table& t) {
 
 }  // namespace
 
-int MaxIdentifierBytes(int /*release*/) {
-  return 30;
+// Oracle 12c Release 2 lengthened identifiers from 30 to 128 bytes.
+int MaxIdentifierBytes(int release) {
+  return release >= 9 ? 128 : 30;
 }
 
 bool IsReservedWord(const std::string& word) {

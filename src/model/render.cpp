@@ -43,7 +43,7 @@ struct ItemDocument {
 struct StatementDocument {
   std::string where;
   const StatementKind* kind = nullptr;
-  int release = kLatestRelease;
+  int release = 10;  // Oracle 19c, as for table documents
   Values values, init;
   std::vector<ItemDocument> items;
 };

@@ -43,6 +43,9 @@ constexpr TypeGate kTypes[] = {
     {"CLOB", 1},
     {"NCLOB", 1},
     {"BFILE", 1},
+    {"JSON", 11},
+    {"BOOLEAN", 12},
+    {"VECTOR", 12},
 };
 
 std::string upper(const char* text) {
@@ -68,8 +71,8 @@ bool oneOf(const std::string& text, std::initializer_list<const char*> names) {
 std::vector<std::string>& CSQLUtil::GetDataTypes(int nOraVersion) {
   // Built once, by the first caller, under the guarantee of a function-local static; read-only after.
   static std::vector<std::vector<std::string>> lists = [] {
-    std::vector<std::vector<std::string>> byCode(kLatestRelease + 1);
-    for (int code = 0; code <= kLatestRelease; ++code) {
+    std::vector<std::vector<std::string>> byCode(kNewestRelease + 1);
+    for (int code = 0; code <= kNewestRelease; ++code) {
       for (const TypeGate& type : kTypes) {
         if (code >= type.since) byCode[static_cast<std::size_t>(code)].emplace_back(type.name);
       }
@@ -78,7 +81,7 @@ std::vector<std::string>& CSQLUtil::GetDataTypes(int nOraVersion) {
   }();
   static std::vector<std::string> none;
   if (nOraVersion < 0) return none;
-  return lists[static_cast<std::size_t>(std::min(nOraVersion, kLatestRelease))];
+  return lists[static_cast<std::size_t>(std::min(nOraVersion, kNewestRelease))];
 }
 
 int CSQLUtil::IsLOBType(const char* type) {
@@ -104,7 +107,10 @@ int CSQLUtil::IsNeedLength(const char* type) {
              "DOUBLE",
              "REAL",
              "BINARY_FLOAT",
-             "BINARY_DOUBLE"}) ||
+             "BINARY_DOUBLE",
+             "JSON",
+             "BOOLEAN",
+             "VECTOR"}) ||
       startsWith(name, "TIMESTAMP") || startsWith(name, "INTERVAL"))
     return 0;
   return 2;

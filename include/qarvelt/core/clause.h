@@ -53,6 +53,9 @@ enum SQLResult : int {
 
 // The release code a node is built for when none is given: the latest Oracle release known.
 constexpr int kLatestRelease = 7;
+// The newest release code known: 8 Oracle 12c Release 1, 9 12c Release 2 and 18c, 10 19c, 11 21c,
+// 12 23ai. Gates compare with these codes as with the older ones (a gate ">= 7" holds for them).
+constexpr int kNewestRelease = 12;
 
 class CSQLClause {
  public:

@@ -18,7 +18,7 @@ Table ReadTable(const std::string& text, const std::string& source = "document")
 // value: ReadTable gives back the same description.
 std::string WriteTable(const Table& table);
 
-// The release code of a release given as a number 0-7 or an Oracle release name ("11g", "10gR2",
+// The release code of a release given as a number 0-12 or an Oracle release name ("11g", "10gR2",
 // "Oracle 9i Release 2", ...). Throws Error (BadInput) naming `where`.
 int ReadRelease(const std::string& name, const std::string& where);
 // The Oracle release names, by code, as the README's table gives them.

@@ -104,7 +104,7 @@ struct Partitioning {
 
 struct Table {
   std::string schema, name;
-  int release = 7;
+  int release = 10;  // Oracle 19c, when the document names no release
   std::string tablespace;
   Segment segment;
   std::string logging, compress, cache, monitoring, parallel, row_movement;  // keyword texts or ""
