@@ -35,6 +35,7 @@ inline const std::vector<NodeClass>& NodeClasses() {
   static const std::vector<NodeClass> classes = {
       {"CSQLClauseColumn", &buildNode<CSQLClauseColumn>},
       {"CSQLClauseRenameColumn", &buildNode<CSQLClauseRenameColumn>},
+      {"CSQLClauseIdentity", &buildNode<CSQLClauseIdentity>},
       {"CSQLClauseColumnProp", &buildNode<CSQLClauseColumnProp>},
       {"CSQLClauseColumnProp::CSubSQLItem", &buildNode<CSQLClauseColumnProp::CSubSQLItem>},
       {"CSQLClauseColumnProp::CSubSQLItemLOB", &buildNode<CSQLClauseColumnProp::CSubSQLItemLOB>},

@@ -36,6 +36,26 @@ Node columnList() {
 
 }  // namespace
 
+// ---- identity columns ---------------------------------------------------------------------------
+
+CSQLClauseIdentity::CSQLClauseIdentity(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
+  setup("C_IDENTITY", bInit);
+}
+
+void CSQLClauseIdentity::init() {
+  attach(this,
+         leaf("GENERATED", "GENERATED ", " AS IDENTITY")
+             .with(And({"(", ")"},
+                       leaf("START", "START WITH "),
+                       leaf("INCREMENT", "INCREMENT BY "),
+                       leaf("MAXVALUE", "MAXVALUE "),
+                       leaf("MINVALUE", "MINVALUE "),
+                       leaf("CACHE", "CACHE "),
+                       leaf("NOCACHE"),
+                       leaf("CYCLE"),
+                       leaf("ORDER"))));
+}
+
 // ---- ALTER TABLE column operations --------------------------------------------------------------
 
 CSQLClauseColumn::CSQLClauseColumn(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {

@@ -185,7 +185,7 @@ const std::vector<ItemClass>& ItemClasses() {
   using TablePartition = CSQLClauseTablePartition;
   static const std::vector<ItemClass> classes = {
       {"CSQLAttr", &valueLeaf},
-      {"CSQLCreateTable::CSubSQLItemProp", &named<CSQLCreateTable::CSubSQLItemProp>},
+      {"CSQLCreateTable::CSubSQLItemProp", &namedForRelease<CSQLCreateTable::CSubSQLItemProp>},
       {"CSQLCreateIndex::CSubSQLItemIndexExpr", &named<CreateIndex::CSubSQLItemIndexExpr>},
       {"CSQLCreateIndex::CSubSQLItemPartition", &named<CreateIndex::CSubSQLItemPartition>},
       {"CSQLCreateIndex::CSubSQLItemSubPartition", &named<CreateIndex::CSubSQLItemSubPartition>},

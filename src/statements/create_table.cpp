@@ -1,6 +1,7 @@
 #include "qarvelt/statements/create_table.h"
 
 #include "../clauses/object_property.h"
+#include "qarvelt/clauses/column.h"
 #include "qarvelt/clauses/constraint.h"
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/clauses/table_props.h"
@@ -114,15 +115,30 @@ CSQLCreateTable::CSubSQLItemProp::CSubSQLItemProp(const char* name) : Cloneable(
   setup(name, true);
 }
 
+CSQLCreateTable::CSubSQLItemProp::CSubSQLItemProp(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion > kLatestRelease ? nOraVersion : kLatestRelease) {
+  setup(name, true);
+}
+
 CSQLCreateTable::CSubSQLItemProp::CSubSQLItemProp(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
   setup("", bInit);
 }
 
+// column [type [COLLATE c]] [INVISIBLE] [DEFAULT [ON NULL] expr | identity | AS (expr) VIRTUAL]
+// [inline constraints].
 void CSQLCreateTable::CSubSQLItemProp::init() {
+  const int v = GetOraVersion();
   attach(this,
          Or(And(leaf("COLUMN"),
                 clause<CSQLAttrDataType>(kLatestRelease),
+                // Oracle 12c Release 2 brought column collations, Oracle 12c invisible columns,
+                // DEFAULT ON NULL and identity columns, Oracle 11g virtual columns.
+                when(v >= 9, leaf("COLLATE", "COLLATE ")),
+                when(v >= 8, leaf("VISIBILITY")),
                 leaf("DEFAULT", "DEFAULT "),
+                when(v >= 8, leaf("DEFAULT_ON_NULL", "DEFAULT ON NULL ")),
+                when(v >= 8, clause<CSQLClauseIdentity>(v)),
+                when(v >= 7, leaf("VIRTUAL", "GENERATED ALWAYS AS (", ") VIRTUAL")),
                 Or(list("LIST", " ", "", ""))),
             clause<CSQLClauseOutLineConstraint>(kLatestRelease),
             clause<CSQLClauseOutLineRefConstraint>(kLatestRelease),

@@ -27,6 +27,18 @@ class CSQLClauseColumn : public Cloneable<CSQLClauseColumn> {
   void init() override;
 };
 
+// The identity clause of a column ("C_IDENTITY", Oracle 12c): "GENERATED" holds ALWAYS, BY DEFAULT
+// or BY DEFAULT ON NULL and writes GENERATED ... AS IDENTITY; the options follow in brackets:
+// "START" (START WITH n), "INCREMENT" (INCREMENT BY n), "MAXVALUE", "MINVALUE", "CACHE" (CACHE n),
+// "NOCACHE", "CYCLE" (CYCLE or NOCYCLE) and "ORDER" (ORDER or NOORDER).
+class CSQLClauseIdentity : public Cloneable<CSQLClauseIdentity> {
+ public:
+  explicit CSQLClauseIdentity(bool bInit = true, int nOraVersion = 7);
+
+ protected:
+  void init() override;
+};
+
 // RENAME COLUMN "OLDNAME" TO "NEWNAME" ("C_RENAME_COLUMN").
 class CSQLClauseRenameColumn : public Cloneable<CSQLClauseRenameColumn> {
  public:

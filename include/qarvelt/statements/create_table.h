@@ -24,12 +24,18 @@ class CSQLCreateTable : public CreateStatement<CSQLCreateTable> {
  public:
   explicit CSQLCreateTable(bool bInit = true, int nOraVersion = 7);
 
-  // One column ("COLUMN", "DATATYPE", "DEFAULT", inline constraints "LIST") or one out-of-line
+  // One column ("COLUMN", "DATATYPE", "COLLATE" (from 9), "VISIBILITY" (INVISIBLE or VISIBLE, from
+  // 8), "DEFAULT" or "DEFAULT_ON_NULL" (from 8), "C_IDENTITY" (from 8), "VIRTUAL" (the expression of a
+  // virtual column, from 7), inline constraints "LIST") or one out-of-line
   // constraint ("C_OUTLINE_CONSTRAINT", "C_OUTLINE_REF_CONSTRAINT") or supplemental logging property
   // ("C_SUPPLEMENTAL_LG_PROP") of a relational table.
   class CSubSQLItemProp : public Cloneable<CSubSQLItemProp> {
    public:
     explicit CSubSQLItemProp(const char* name);
+    // An item for a statement of release code `nOraVersion`: up to code 7 the item is built for 7,
+    // as the named constructor builds it; from 8 on for the code itself, with the column syntax of
+    // that release (IDENTITY, DEFAULT ON NULL, INVISIBLE from 8, COLLATE from 9).
+    CSubSQLItemProp(const char* name, int nOraVersion);
     explicit CSubSQLItemProp(bool bInit = true, int nOraVersion = 7);
 
    protected:
