@@ -217,6 +217,7 @@ class Writer {
   void checkColumns();
   std::string createTable();
   void column(TreeFiller& f, const Column& c, std::size_t i);
+  void columnExtras(TreeFiller& f, const Column& c, const std::string& path, const std::string& where);
   void constraint(TreeFiller& f, const std::string& base, const Constraint& c, const std::string& where);
   std::string addConstraint(const Constraint& c, std::size_t i);
   void constraintState(TreeFiller& f, const std::string& path, const Constraint& c, const std::string& where);
@@ -304,7 +305,7 @@ std::string Writer::createTable() {
              "no index " + (c.state.index_schema.empty() ? "" : c.state.index_schema + ".") +
                  c.state.index_name + " in the document; the key of a new table uses one of its own indexes");
     }
-    f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("R", i).c_str()), where);
+    f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("R", i).c_str(), m_release), where);
     constraint(f, kItems + ";" + item("R", i) + ";C_OUTLINE_CONSTRAINT", c, where);
   }
   for (const Column& c : t.columns)
@@ -315,16 +316,52 @@ std::string Writer::createTable() {
   return f.Write();
 }
 
+// What Oracle 11g and later releases added to a column: COLLATE, INVISIBLE, DEFAULT [ON NULL],
+// the identity clause and virtual columns, each refused below the release that brought it.
+void Writer::columnExtras(TreeFiller& f, const Column& c, const std::string& path, const std::string& where) {
+  const Identity& id = c.identity;
+  if (!c.collation.empty()) RequireRelease(m_release, 9, where + ".collation", "a column collation");
+  if (c.invisible) RequireRelease(m_release, 8, where + ".invisible", "an invisible column");
+  if (c.default_on_null) RequireRelease(m_release, 8, where + ".default_on_null", "DEFAULT ON NULL");
+  if (!id.generated.empty()) RequireRelease(m_release, 8, where + ".identity", "an identity column");
+  if (!c.virtual_expr.empty()) RequireRelease(m_release, 7, where + ".virtual", "a virtual column");
+  if (c.default_on_null && c.default_value.empty())
+    Refuse(where + ".default_on_null", "DEFAULT ON NULL needs the default");
+  const int kinds =
+      (c.default_value.empty() ? 0 : 1) + (id.generated.empty() ? 0 : 1) + (c.virtual_expr.empty() ? 0 : 1);
+  if (kinds > 1) Refuse(where, "a column has one of a default, an identity and a virtual expression");
+  if (!id.generated.empty() && c.type != "NUMBER" && c.type != "INTEGER" && c.type != "FLOAT")
+    Refuse(where + ".identity", "an identity column is numeric, not " + c.type);
+  if (!c.virtual_expr.empty() &&
+      (CSQLUtil::IsLOBType(c.type.c_str()) != 0 || c.type == "LONG" || c.type == "LONG RAW"))
+    Refuse(where + ".virtual", "a virtual column cannot be of type " + c.type);
+  f.Set(path + ";COLLATE", c.collation, where + ".collation");
+  f.Set(path + ";VISIBILITY", c.invisible ? "INVISIBLE" : "", where + ".invisible");
+  f.Set(path + (c.default_on_null ? ";DEFAULT_ON_NULL" : ";DEFAULT"), c.default_value, where + ".default");
+  f.Set(path + ";VIRTUAL", c.virtual_expr, where + ".virtual");
+  const std::string identity = path + ";C_IDENTITY;GENERATED";
+  f.Set(identity, id.generated, where + ".identity");
+  if (id.generated.empty()) return;
+  f.Set(identity + ";START", id.start_with, where + ".identity.start_with");
+  f.Set(identity + ";INCREMENT", id.increment_by, where + ".identity.increment_by");
+  f.Set(identity + ";MAXVALUE", id.maxvalue, where + ".identity.maxvalue");
+  f.Set(identity + ";MINVALUE", id.minvalue, where + ".identity.minvalue");
+  f.Set(identity + ";CACHE", id.cache, where + ".identity.cache");
+  f.Set(identity + ";NOCACHE", id.nocache ? "NOCACHE" : "", where + ".identity.cache");
+  f.Set(identity + ";CYCLE", id.cycle, where + ".identity.cycle");
+  f.Set(identity + ";ORDER", id.order, where + ".identity.order");
+}
+
 void Writer::column(TreeFiller& f, const Column& c, std::size_t i) {
   const std::string where = at("columns", i);
   const std::string path = kItems + ";" + item("C", i);
-  f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("C", i).c_str()), where);
+  f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("C", i).c_str(), m_release), where);
   f.Set(path + ";COLUMN", id(c.name, where + ".name"), where + ".name");
   f.Set(path + ";DATATYPE", c.type, where + ".type");
   f.Set(path + ";DATATYPE;LENGTH", c.length, where + ".length");
   f.Set(path + ";DATATYPE;SCALE", c.scale, where + ".scale");
   f.Set(path + ";DATATYPE;UNIT", c.unit, where + ".unit");
-  f.Set(path + ";DEFAULT", c.default_value, where + ".default");
+  columnExtras(f, c, path, where);
 
   // One inline constraint each; the constraint name goes to the key or check constraint, or to NOT
   // NULL when that is the only one.

@@ -114,6 +114,33 @@ void readColumn(ObjectReader& r, Column& c) {
   c.scale = r.Text("scale");
   c.unit = choice(r, "unit", {"BYTE", "CHAR"});
   c.default_value = r.Text("default");
+  c.default_on_null = r.Flag("default_on_null") == 1;
+  c.invisible = r.Flag("invisible") == 1;
+  c.virtual_expr = r.Text("virtual");
+  c.collation = r.Text("collation");
+  if (const Json* identity = r.Raw("identity")) {
+    Identity& id = c.identity;
+    const std::vector<std::string> kinds = {"ALWAYS", "BY DEFAULT", "BY DEFAULT ON NULL"};
+    if (identity->is_string()) {
+      id.generated = choice(r, "identity", kinds, true);
+    } else {
+      r.Object("identity", [&](ObjectReader& i) {
+        id.generated = choice(i, "generated", kinds, true);
+        id.start_with = i.Text("start_with");
+        id.increment_by = i.Text("increment_by");
+        id.minvalue = i.Text("minvalue");
+        id.maxvalue = i.Text("maxvalue");
+        if (const Json* cache = i.Raw("cache"); cache != nullptr && cache->is_boolean()) {
+          if (cache->get<bool>()) i.Fail("cache", "give the number of values to cache, or false");
+          id.nocache = true;
+        } else {
+          id.cache = i.Text("cache");
+        }
+        id.cycle = i.Keyword("cycle", "CYCLE", "NOCYCLE");
+        id.order = i.Keyword("order", "ORDER", "NOORDER");
+      });
+    }
+  }
   c.not_null = r.Flag("not_null") == 1;
   c.unique = r.Flag("unique") == 1;
   c.primary_key = r.Flag("primary_key") == 1;

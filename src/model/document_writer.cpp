@@ -113,6 +113,24 @@ Object column(const Column& c) {
   text(o, "scale", c.scale);
   text(o, "unit", c.unit);
   text(o, "default", c.default_value);
+  flag(o, "default_on_null", c.default_on_null);
+  flag(o, "invisible", c.invisible);
+  text(o, "virtual", c.virtual_expr);
+  text(o, "collation", c.collation);
+  if (!c.identity.generated.empty()) {
+    const Identity& id = c.identity;
+    Object i = Object::object();
+    i["generated"] = id.generated;
+    text(i, "start_with", id.start_with);
+    text(i, "increment_by", id.increment_by);
+    text(i, "minvalue", id.minvalue);
+    text(i, "maxvalue", id.maxvalue);
+    text(i, "cache", id.cache);
+    if (id.nocache) i["cache"] = false;
+    keyword(i, "cycle", id.cycle, "CYCLE", "NOCYCLE");
+    keyword(i, "order", id.order, "ORDER", "NOORDER");
+    o["identity"] = i;
+  }
   flag(o, "not_null", c.not_null);
   flag(o, "unique", c.unique);
   flag(o, "primary_key", c.primary_key);

@@ -26,10 +26,25 @@ struct LobStorage {
   bool empty() const;
 };
 
+// The identity clause of a column (Oracle 12c): GENERATED ALWAYS | BY DEFAULT [ON NULL] AS IDENTITY
+// with its options; `generated` is "" for a column without one.
+struct Identity {
+  std::string generated;  // ALWAYS, BY DEFAULT or BY DEFAULT ON NULL
+  std::string start_with, increment_by, minvalue, maxvalue, cache;
+  bool nocache = false;
+  std::string cycle;  // CYCLE, NOCYCLE or ""
+  std::string order;  // ORDER, NOORDER or ""
+};
+
 struct Column {
   std::string name, renamed_from;
   std::string type, length, scale, unit;  // length holds the precision of NUMBER and FLOAT
   std::string default_value;
+  bool default_on_null = false;  // DEFAULT ON NULL (Oracle 12c)
+  bool invisible = false;        // INVISIBLE (Oracle 12c)
+  std::string virtual_expr;      // GENERATED ALWAYS AS (expr) VIRTUAL (Oracle 11g)
+  std::string collation;         // COLLATE (Oracle 12c Release 2)
+  Identity identity;
   bool not_null = false, unique = false, primary_key = false;
   std::string check, constraint_name;
   std::string comment;
