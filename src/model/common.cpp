@@ -59,4 +59,30 @@ std::string JoinAlternatives(const std::vector<std::string>& words) {
   return text;
 }
 
+const std::vector<Compression>& Compressions() {
+  // Oracle 11g Release 2 named basic compression and brought OLTP compression; Oracle 12c renamed
+  // them ROW STORE COMPRESS BASIC and ADVANCED and brought hybrid columnar compression.
+  static const std::vector<Compression> all = {
+      {"basic", "COMPRESS BASIC", 7},
+      {"oltp", "COMPRESS FOR OLTP", 7},
+      {"advanced", "ROW STORE COMPRESS ADVANCED", 8},
+      {"query low", "COLUMN STORE COMPRESS FOR QUERY LOW", 8},
+      {"query high", "COLUMN STORE COMPRESS FOR QUERY HIGH", 8},
+      {"archive low", "COLUMN STORE COMPRESS FOR ARCHIVE LOW", 8},
+      {"archive high", "COLUMN STORE COMPRESS FOR ARCHIVE HIGH", 8},
+  };
+  return all;
+}
+
+int CompressionSince(const std::string& keyword) {
+  for (const Compression& c : Compressions()) {
+    if (keyword == c.keyword) return c.since;
+  }
+  return 4;  // Oracle 9i Release 2: COMPRESS and NOCOMPRESS
+}
+
+std::string CompressionFeature(const std::string& keyword) {
+  return CompressionSince(keyword) == 4 ? "table compression" : "table compression " + keyword;
+}
+
 }  // namespace qarvelt::model

@@ -26,6 +26,19 @@ class Failure : public Error {
   int code() const { return exitCode(); }
 };
 
+// The table compressions of a document's "compress" key beyond true and false: the name in the
+// document, the keywords Oracle writes, and the release code that brought them.
+struct Compression {
+  const char* name;
+  const char* keyword;
+  int since;
+};
+const std::vector<Compression>& Compressions();
+// The release code that brought a table compression keyword (COMPRESS and NOCOMPRESS: 4), and the
+// feature as messages name it.
+int CompressionSince(const std::string& keyword);
+std::string CompressionFeature(const std::string& keyword);
+
 // The closest candidates to `word` (edit distance), best first, at most `count`: for "did you mean".
 std::vector<std::string> Nearest(const std::string& word,
                                  const std::vector<std::string>& candidates,

@@ -548,12 +548,14 @@ void Writer::physical(TreeFiller& f) {
   if (iot) {
     // An index-organized table compresses its key: COMPRESS or NOCOMPRESS of its index.
     RequireRelease(m_release, 2, "compress", "key compression of an index-organized table");
+    if (CompressionSince(t.compress) != 4)
+      Refuse("compress", "an index-organized table compresses its key: give true or false");
     if (t.compress == "COMPRESS" && m_keyColumns < 2) {
       Refuse("compress", "a one-column primary key has no prefix to compress");
     }
     f.SetUnrecorded(kPhysical + ";INDEX;C_IDX_ORG_TABLE;C_KEY_COMPRESSION;COMPRESS", t.compress, "compress");
   } else {
-    RequireRelease(m_release, 4, "compress", "table compression");
+    RequireRelease(m_release, CompressionSince(t.compress), "compress", CompressionFeature(t.compress));
     f.Set(kPhysical + ";COMPRESS", t.compress, "compress");
   }
 }
@@ -844,7 +846,8 @@ void Writer::partitionDescription(TreeFiller& f,
   if (!p.logging.empty()) RequireRelease(m_release, 2, where + ".logging", "LOGGING and NOLOGGING");
   f.Set(attributes + ";LOGGING", p.logging, where + ".logging");
   if (!p.compress.empty()) {
-    RequireRelease(m_release, 4, where + ".compress", "table compression");
+    RequireRelease(
+        m_release, CompressionSince(p.compress), where + ".compress", CompressionFeature(p.compress));
     if (m_table.organization == "INDEX")
       Refuse(where + ".compress", "the partitions of an index-organized table compress their key");
   }

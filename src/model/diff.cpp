@@ -591,7 +591,8 @@ void Differ::loadTable(CSQLInfoTable& table) {
   if (changes(m_after.tablespace, m_before.tablespace))
     requireRelease(2, "moving the table to another tablespace (MOVE)");
   if (changes(m_after.logging, m_before.logging)) requireRelease(2, "LOGGING and NOLOGGING");
-  if (changes(m_after.compress, m_before.compress)) requireRelease(4, "table compression");
+  if (changes(m_after.compress, m_before.compress))
+    requireRelease(CompressionSince(m_after.compress), CompressionFeature(m_after.compress));
   if (changes(m_after.monitoring, m_before.monitoring)) requireRelease(2, "MONITORING and NOMONITORING");
   if (changes(m_after.row_movement, m_before.row_movement)) requireRelease(2, "row movement");
   if (changes(m_after.segment.buffer_pool, m_before.segment.buffer_pool)) requireRelease(2, "BUFFER_POOL");

@@ -46,6 +46,19 @@ void readSegment(ObjectReader& r, Segment& s) {
   });
 }
 
+// "compress" of a table or a partition: true, false or the name of a compression.
+std::string readCompression(ObjectReader& r) {
+  const Json* value = r.Raw("compress");
+  if (value == nullptr) return "";
+  if (value->is_boolean()) return value->get<bool>() ? "COMPRESS" : "NOCOMPRESS";
+  std::vector<std::string> names;
+  for (const Compression& c : Compressions()) {
+    names.emplace_back(c.name);
+    if (value->is_string() && value->get<std::string>() == c.name) return c.keyword;
+  }
+  r.Fail("compress", "expected true, false or one of " + JoinAlternatives(names));
+}
+
 // "parallel": true, false or a degree.
 std::string readParallel(ObjectReader& r) {
   const Json* value = r.Raw("parallel");
@@ -88,7 +101,7 @@ void readPartition(ObjectReader& r, Partition& p, bool subpartition) {
   p.tablespace = r.Text("tablespace");
   if (!subpartition) {
     p.logging = r.Keyword("logging", "LOGGING", "NOLOGGING");
-    p.compress = r.Keyword("compress", "COMPRESS", "NOCOMPRESS");
+    p.compress = readCompression(r);
     readSegment(r, p.segment);
     r.Each("lobs", [&](ObjectReader& l) {
       p.lobs.emplace_back();
@@ -359,7 +372,7 @@ Table ReadTable(const std::string& text, const std::string& source) {
   t.tablespace = r.Text("tablespace");
   readSegment(r, t.segment);
   t.logging = r.Keyword("logging", "LOGGING", "NOLOGGING");
-  t.compress = r.Keyword("compress", "COMPRESS", "NOCOMPRESS");
+  t.compress = readCompression(r);
   t.cache = r.Keyword("cache", "CACHE", "NOCACHE");
   t.monitoring = r.Keyword("monitoring", "MONITORING", "NOMONITORING");
   t.parallel = readParallel(r);

@@ -3,6 +3,7 @@
 // a written document reads back to the same description.
 #include <nlohmann/json.hpp>
 
+#include "common.h"
 #include "qarvelt/model/document.h"
 
 namespace qarvelt::model {
@@ -27,6 +28,15 @@ void flag(Object& o, const char* key, bool value) {
 void keyword(Object& o, const char* key, const std::string& value, const char* yes, const char* no) {
   if (value == yes) o[key] = true;
   if (value == no) o[key] = false;
+}
+
+// A table or partition compression: true, false or its name.
+void compression(Object& o, const std::string& keyword) {
+  for (const Compression& c : Compressions()) {
+    if (keyword == c.keyword) o["compress"] = c.name;
+  }
+  if (keyword == "COMPRESS") o["compress"] = true;
+  if (keyword == "NOCOMPRESS") o["compress"] = false;
 }
 
 void number(Object& o, const char* key, int value) {
@@ -85,7 +95,7 @@ Object partition(const Partition& p) {
   texts(o, "values", p.values);
   text(o, "tablespace", p.tablespace);
   keyword(o, "logging", p.logging, "LOGGING", "NOLOGGING");
-  keyword(o, "compress", p.compress, "COMPRESS", "NOCOMPRESS");
+  compression(o, p.compress);
   segment(o, p.segment);
   for (const PartitionLob& l : p.lobs) {
     Object item = lob(l.storage);
@@ -241,7 +251,7 @@ std::string WriteTable(const Table& t) {
   text(o, "tablespace", t.tablespace);
   segment(o, t.segment);
   keyword(o, "logging", t.logging, "LOGGING", "NOLOGGING");
-  keyword(o, "compress", t.compress, "COMPRESS", "NOCOMPRESS");
+  compression(o, t.compress);
   keyword(o, "cache", t.cache, "CACHE", "NOCACHE");
   keyword(o, "monitoring", t.monitoring, "MONITORING", "NOMONITORING");
   switchOrNumber(o, "parallel", t.parallel, "PARALLEL", "NOPARALLEL");
