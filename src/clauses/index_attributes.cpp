@@ -23,6 +23,8 @@ void CSQLClauseIndexAttributes::init() {
          leaf("SORT"),
          when(v >= 1, leaf("REVERSE")),
          when(v >= 7, leaf("VISIBLE")),
+         // Oracle 12c brought partial indexes: INDEXING PARTIAL or FULL.
+         when(v >= 8, leaf("INDEXING", "INDEXING ")),
          clause<CSQLClauseParallel>(v));
 }
 

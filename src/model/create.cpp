@@ -952,6 +952,18 @@ std::string Writer::createIndex(const Index& x, std::size_t i) {
     RequireRelease(m_release, 1, where + ".reverse", "a reverse key index");
     f.Set(kIndexAttributes + ";REVERSE", "REVERSE", where + ".reverse");
   }
+  if (x.online) {
+    RequireRelease(m_release, 2, where + ".online", "building an index ONLINE");
+    f.Set(kIndexAttributes + ";ONLINE", "ONLINE", where + ".online");
+  }
+  if (x.invisible) {
+    RequireRelease(m_release, 7, where + ".invisible", "an invisible index");
+    f.Set(kIndexAttributes + ";VISIBLE", "INVISIBLE", where + ".invisible");
+  }
+  if (x.partial) {
+    RequireRelease(m_release, 8, where + ".partial", "a partial index (INDEXING PARTIAL)");
+    f.Set(kIndexAttributes + ";INDEXING", "PARTIAL", where + ".partial");
+  }
   if (IsDigits(x.parallel)) {
     // The index tree writes PARALLEL n, the form of release code 3 on.
     RequireRelease(m_release, 3, where + ".parallel", "a degree of parallelism for an index");

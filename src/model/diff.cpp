@@ -800,7 +800,9 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
         b.emplace_back(p.renamed_from.empty() ? p.name : p.renamed_from, p.values_less_than);
       return b;
     };
-    return x.unique == y.unique && x.bitmap == y.bitmap && keys(x) == keys(y) && x.local == y.local &&
+    // Visibility and partial indexing are not altered in place: a change drops and creates the index.
+    return x.unique == y.unique && x.bitmap == y.bitmap && x.invisible == y.invisible &&
+           x.partial == y.partial && keys(x) == keys(y) && x.local == y.local &&
            x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns &&
            bounds(x) == bounds(y) && x.global_count == y.global_count;
   };

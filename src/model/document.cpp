@@ -191,6 +191,9 @@ void readIndex(ObjectReader& r, Index& x) {
   x.unique = r.Flag("unique") == 1;
   x.bitmap = r.Flag("bitmap") == 1;
   x.reverse = r.Flag("reverse") == 1;
+  x.invisible = r.Flag("invisible") == 1;
+  x.partial = r.Flag("partial") == 1;
+  x.online = r.Flag("online") == 1;
   const Json* keys = r.Raw("columns");
   if (keys == nullptr || !keys->is_array() || keys->empty())
     r.Fail("columns", "missing (an index needs columns)");

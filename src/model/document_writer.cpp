@@ -188,6 +188,9 @@ Object index(const Index& x) {
   flag(o, "unique", x.unique);
   flag(o, "bitmap", x.bitmap);
   flag(o, "reverse", x.reverse);
+  flag(o, "invisible", x.invisible);
+  flag(o, "partial", x.partial);
+  flag(o, "online", x.online);
   Object keys = Object::array();
   for (const IndexKey& k : x.keys) {
     if (k.expression.empty() && k.order.empty()) {

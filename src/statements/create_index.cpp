@@ -22,8 +22,10 @@ Node tablespaces() {
 Node segment() {
   return clause<CSQLClauseSegmentAttribute>(v7);
 }
-Node indexAttributes() {
-  return clause<CSQLClauseIndexAttributes>(v7);
+// The attributes are built for code 7 up to Oracle 11g, and for the statement's own code from Oracle
+// 12c on, so that they carry the newer syntax (INDEXING PARTIAL).
+Node indexAttributes(int v) {
+  return clause<CSQLClauseIndexAttributes>(v > v7 ? v : v7);
 }
 
 // GLOBAL PARTITION BY RANGE (columns) (partitions) or GLOBAL PARTITION BY HASH ...
@@ -56,12 +58,12 @@ void CSQLCreateIndex::init() {
          Or({"ON", ""},
             named("C_CLUSTER_INDEX",
                   And({"CLUSTER", ""}, leaf("SCHEMA", "", "", "."), leaf("CLUSTER")),
-                  indexAttributes()),
+                  indexAttributes(GetOraVersion())),
             named("C_TABLE_INDEX",
                   And(leaf("SCHEMA", "", "", "."), leaf("TABLE")),
                   leaf("ALIAS"),
                   commaList("LIST"),
-                  Or(And(indexAttributes(), Or(globalParted(), localParted())),
+                  Or(And(indexAttributes(GetOraVersion()), Or(globalParted(), localParted())),
                      named("C_DOMAIN_INDEX",
                            leaf("INDEXTYPE", "INDEXTYPE IS "),
                            clause<CSQLClauseParallel>(v7),

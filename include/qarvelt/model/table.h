@@ -94,6 +94,9 @@ struct Partition {
 struct Index {
   std::string name, schema, renamed_from;
   bool unique = false, bitmap = false, reverse = false;
+  bool invisible = false;  // INVISIBLE (Oracle 11g)
+  bool partial = false;    // INDEXING PARTIAL (Oracle 12c)
+  bool online = false;     // built ONLINE when it is created (Oracle 8i); not a property of the index
   std::vector<IndexKey> keys;
   std::string tablespace, logging, compress, parallel;
   Segment segment;
