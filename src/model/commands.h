@@ -6,11 +6,10 @@
 
 #include "common.h"
 #include "qarvelt/model/document.h"
+#include "qarvelt/model/script.h"
 
 namespace qarvelt::model {
 
-// CREATE TABLE, its indexes and comments.
-Script RunCreate(const Table& table, const Options& options);
 // CREATE INDEX statements for some indexes of `table`.
 std::vector<std::string> CreateIndexStatements(const Table& table,
                                                const std::vector<Index>& indexes,
@@ -23,16 +22,6 @@ std::vector<std::string> AddConstraintStatements(const Table& table,
 // names, or else an index on exactly its columns (from Oracle 8i, which builds a key on an existing
 // index). Such a key is added after its index is created.
 const Index* KeyIndex(const Table& table, const Constraint& c);
-// The ALTER script from `before` to `after`.
-Script RunDiff(const Table& before, const Table& after, const Options& options);
-// Any statement of the library from a low-level document (kind, release, values, items).
-Script RunRender(const std::string& text, const std::string& source);
-// Every attribute path of a statement kind's tree, one per line.
-std::string RunPaths(const std::string& kind, int release);
-// The statement kinds, one per line.
-std::string RunKinds();
-// The data types of a release, one per line.
-std::string RunTypes(int release);
 
 }  // namespace qarvelt::model
 

@@ -948,21 +948,21 @@ std::string Writer::createIndex(const Index& x, std::size_t i) {
       f.Set(compression + ";VALUE", prefix ? x.compress : "", where + ".compress");
     }
   }
-  if (x.reverse) {
-    RequireRelease(m_release, 1, where + ".reverse", "a reverse key index");
-    f.Set(kIndexAttributes + ";REVERSE", "REVERSE", where + ".reverse");
-  }
-  if (x.online) {
-    RequireRelease(m_release, 2, where + ".online", "building an index ONLINE");
-    f.Set(kIndexAttributes + ";ONLINE", "ONLINE", where + ".online");
-  }
-  if (x.invisible) {
-    RequireRelease(m_release, 7, where + ".invisible", "an invisible index");
-    f.Set(kIndexAttributes + ";VISIBLE", "INVISIBLE", where + ".invisible");
-  }
-  if (x.partial) {
-    RequireRelease(m_release, 8, where + ".partial", "a partial index (INDEXING PARTIAL)");
-    f.Set(kIndexAttributes + ";INDEXING", "PARTIAL", where + ".partial");
+  // The attributes that are a keyword when their key is true: the release that brought each, its leaf.
+  struct Keyword {
+    bool given;
+    int since;
+    const char *key, *feature, *leaf, *value;
+  } const keywords[] = {
+      {x.reverse, 1, "reverse", "a reverse key index", "REVERSE", "REVERSE"},
+      {x.online, 2, "online", "building an index ONLINE", "ONLINE", "ONLINE"},
+      {x.invisible, 7, "invisible", "an invisible index", "VISIBLE", "INVISIBLE"},
+      {x.partial, 8, "partial", "a partial index (INDEXING PARTIAL)", "INDEXING", "PARTIAL"},
+  };
+  for (const Keyword& k : keywords) {
+    if (!k.given) continue;
+    RequireRelease(m_release, k.since, where + "." + k.key, k.feature);
+    f.Set(kIndexAttributes + ";" + k.leaf, k.value, where + "." + k.key);
   }
   if (IsDigits(x.parallel)) {
     // The index tree writes PARALLEL n, the form of release code 3 on.
@@ -1117,7 +1117,7 @@ const Index* KeyIndex(const Table& table, const Constraint& c) {
   return nullptr;
 }
 
-Script RunCreate(const Table& table, const Options& options) {
+Script Create(const Table& table, const Options& options) {
   const Table resolved = ResolveNames(table, options.preserve_case);
   return Writer(resolved, options).Run();
 }

@@ -411,7 +411,7 @@ Script Differ::recreate() {
   if (m_options.fail_on_data_loss) {
     throw Failure(kExitFailure, "refused, the script loses data: " + script.warnings.back());
   }
-  Script create = RunCreate(m_after, m_options);
+  Script create = Create(m_after, m_options);
   script.statements.insert(script.statements.end(), create.statements.begin(), create.statements.end());
   script.warnings.insert(script.warnings.end(), create.warnings.begin(), create.warnings.end());
   return script;
@@ -1442,7 +1442,7 @@ Script Differ::alter() {
 
 }  // namespace
 
-Script RunDiff(const Table& before, const Table& after, const Options& options) {
+Script Diff(const Table& before, const Table& after, const Options& options) {
   const Table oldTable = ResolveNames(before, options.preserve_case);
   const Table newTable = ResolveNames(after, options.preserve_case);
   return Differ(oldTable, newTable, options).run();

@@ -460,7 +460,7 @@ std::string DescribePath(const PathEntry& entry, const std::string& context) {
   return line;
 }
 
-std::string RunPaths(const std::string& kind, int release) {
+std::string PathListing(const std::string& kind, int release) {
   std::unique_ptr<CSQLClause> root;
   std::string context;
   if (const StatementKind* found = FindKind(kind)) {
@@ -490,14 +490,14 @@ std::string RunPaths(const std::string& kind, int release) {
   return text;
 }
 
-std::string RunKinds() {
+std::string KindListing() {
   std::string text;
   for (const StatementKind& kind : StatementKinds())
     text += std::string(kind.name) + "  " + kind.class_name + "\n";
   return text;
 }
 
-std::string RunTypes(int release) {
+std::string TypeListing(int release) {
   std::string text;
   for (const std::string& type : CSQLUtil::GetDataTypes(release))
     text += type + "\n";

@@ -245,7 +245,7 @@ void writePasses(CSQLClause& root, Script& script) {
 
 }  // namespace
 
-Script RunRender(const std::string& text, const std::string& source) {
+Script Render(const std::string& text, const std::string& source) {
   StatementDocument doc = readDocument(text, source);
   std::unique_ptr<CSQLClause> root = doc.kind->make(doc.release);
   Script script;
@@ -273,7 +273,10 @@ std::unique_ptr<CSQLClause> MakeStatement(const std::string& kind, int release) 
   return found->make(release);
 }
 
-std::unique_ptr<CSQLClause> MakeItem(const std::string& itemClass, const std::string& name, int release) {
+namespace {
+
+// The class of an item a host names, with its name checked: the checks of MakeItem and AddItem.
+const ItemClass& checkedItem(const std::string& itemClass, const std::string& name) {
   const ItemClass* found = FindItemClass(itemClass);
   if (found == nullptr) {
     throw Failure(kExitBadInput,
@@ -282,7 +285,13 @@ std::unique_ptr<CSQLClause> MakeItem(const std::string& itemClass, const std::st
   }
   if (name.empty() || name.find(';') != std::string::npos)
     throw Failure(kExitBadInput, "item name", "an item needs a name without \";\"");
-  return found->make(name.c_str(), release);
+  return *found;
+}
+
+}  // namespace
+
+std::unique_ptr<CSQLClause> MakeItem(const std::string& itemClass, const std::string& name, int release) {
+  return checkedItem(itemClass, name).make(name.c_str(), release);
 }
 
 void SetPath(CSQLClause& root, const std::string& path, const std::string& value, bool initial) {
@@ -297,11 +306,8 @@ void AddItem(CSQLClause& root,
   ItemDocument item;
   item.where = "item " + name;
   item.list = listPath;
-  item.item_class = FindItemClass(itemClass);
+  item.item_class = &checkedItem(itemClass, name);
   item.name = name;
-  if (item.item_class == nullptr || name.empty() || name.find(';') != std::string::npos) {
-    MakeItem(itemClass, name, release);  // throws the error that fits
-  }
   Script ignored;
   appendItem(root, "", item, release, ignored);
 }
@@ -310,22 +316,6 @@ std::vector<std::string> Passes(CSQLClause& root) {
   Script script;
   writePasses(root, script);
   return script.statements;
-}
-
-Script Render(const std::string& json, const std::string& source) {
-  return RunRender(json, source);
-}
-
-std::string PathListing(const std::string& kind, int release) {
-  return RunPaths(kind, release);
-}
-
-std::string KindListing() {
-  return RunKinds();
-}
-
-std::string TypeListing(int release) {
-  return RunTypes(release);
 }
 
 }  // namespace qarvelt::model

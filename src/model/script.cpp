@@ -2,18 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include "commands.h"
 #include "qarvelt/util/sqlplus.h"
 
 namespace qarvelt::model {
-
-Script Create(const Table& table, const Options& options) {
-  return RunCreate(table, options);
-}
-
-Script Diff(const Table& before, const Table& after, const Options& options) {
-  return RunDiff(before, after, options);
-}
 
 std::string ScriptText(const Script& script, Terminator terminator) {
   const SQLTerminator how = terminator == Terminator::Semicolon ? SQLTerminator::Semicolon
