@@ -1,5 +1,6 @@
 #include "qarvelt/clauses/column.h"
 
+#include "column_definition.h"
 #include "lob_lists.h"
 #include "object_property.h"
 #include "qarvelt/clauses/constraint.h"
@@ -13,15 +14,12 @@ using namespace build;
 
 namespace {
 
-// Name, data type and default: the head of every column definition.
+// Name and data type: the head of every column definition.
 Node columnName() {
   return leaf("COLUMN");
 }
 Node dataType() {
   return clause<CSQLAttrDataType>(kLatestRelease);
-}
-Node columnDefault() {
-  return leaf("DEFAULT", "DEFAULT ");
 }
 
 // The inline constraints of a column, one item each.
@@ -36,6 +34,17 @@ Node columnList() {
 
 }  // namespace
 
+// Oracle 12c Release 2 brought column collations; Oracle 12c invisible columns, DEFAULT ON NULL and
+// identity columns; Oracle 11g virtual columns.
+Node ColumnDefinitionTail(int v) {
+  return And(when(v >= 9, leaf("COLLATE", "COLLATE ")),
+             when(v >= 8, leaf("VISIBILITY")),
+             leaf("DEFAULT", "DEFAULT "),
+             when(v >= 8, leaf("DEFAULT_ON_NULL", "DEFAULT ON NULL ")),
+             when(v >= 8, clause<CSQLClauseIdentity>(v)),
+             when(v >= 7, leaf("VIRTUAL", "GENERATED ALWAYS AS (", ") VIRTUAL")));
+}
+
 // ---- identity columns ---------------------------------------------------------------------------
 
 CSQLClauseIdentity::CSQLClauseIdentity(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
@@ -49,7 +58,9 @@ void CSQLClauseIdentity::init() {
                        leaf("START", "START WITH "),
                        leaf("INCREMENT", "INCREMENT BY "),
                        leaf("MAXVALUE", "MAXVALUE "),
+                       leaf("NOMAXVALUE"),
                        leaf("MINVALUE", "MINVALUE "),
+                       leaf("NOMINVALUE"),
                        leaf("CACHE", "CACHE "),
                        leaf("NOCACHE"),
                        leaf("CYCLE"),
@@ -92,6 +103,11 @@ CSQLClauseAddColumn::CSubSQLClauseColumn::CSubSQLClauseColumn(const char* name) 
   setup(name, true);
 }
 
+CSQLClauseAddColumn::CSubSQLClauseColumn::CSubSQLClauseColumn(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion > kLatestRelease ? nOraVersion : kLatestRelease) {
+  setup(name, true);
+}
+
 CSQLClauseAddColumn::CSubSQLClauseColumn::CSubSQLClauseColumn(bool bInit, int nOraVersion)
     : Cloneable(nOraVersion) {
   setup("", bInit);
@@ -102,7 +118,7 @@ void CSQLClauseAddColumn::CSubSQLClauseColumn::init() {
   attach(this,
          columnName(),
          dataType(),
-         columnDefault(),
+         ColumnDefinitionTail(GetOraVersion()),
          Or(inlineConstraints(), clause<CSQLClauseInlineRefConstraint>(kLatestRelease)));
 }
 
@@ -132,13 +148,26 @@ CSQLClauseModifyColProp::CSubSQLClauseColumn::CSubSQLClauseColumn(const char* na
   setup(name, true);
 }
 
+CSQLClauseModifyColProp::CSubSQLClauseColumn::CSubSQLClauseColumn(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion > kLatestRelease ? nOraVersion : kLatestRelease) {
+  setup(name, true);
+}
+
 CSQLClauseModifyColProp::CSubSQLClauseColumn::CSubSQLClauseColumn(bool bInit, int nOraVersion)
     : Cloneable(nOraVersion) {
   setup("", bInit);
 }
 
+// The properties of a column, its visibility (C INVISIBLE) or its virtual expression: Oracle takes
+// one of the three per column, so a host sets the leaves of one.
 void CSQLClauseModifyColProp::CSubSQLClauseColumn::init() {
-  attach(this, columnName(), dataType(), columnDefault(), inlineConstraints());
+  const int v = GetOraVersion();
+  attach(this,
+         columnName(),
+         dataType(),
+         ColumnDefinitionTail(v),
+         when(v >= 8, leaf("DROP_IDENTITY")),
+         inlineConstraints());
 }
 
 CSQLClauseModifyColSubs::CSQLClauseModifyColSubs(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {

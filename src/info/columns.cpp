@@ -45,6 +45,12 @@ constexpr LOBPath kLOBModifiable[] = {
     {"RETENTION", "RETENTION"},
 };
 
+// The release code of the items a statement takes: its own from Oracle 12c on (see the items'
+// constructors).
+int releaseOf(const CSQLClause* statement) {
+  return statement != nullptr ? statement->GetOraVersion() : kLatestRelease;
+}
+
 std::string lob(const char* name) {
   return std::string("LOB;") + name;
 }
@@ -288,7 +294,8 @@ int CSQLInfoColumns::addStep(CSQLClause* clause, CSQLClause* statement, std::vec
   if (clause == nullptr) return 0;
   for (int i = 0; GetColumn(i) != nullptr; ++i) {
     if (!IsAdd(i)) continue;
-    auto item = std::make_unique<CSQLClauseAddColumn::CSubSQLClauseColumn>(GetColumn(i)->GetName().c_str());
+    auto item = std::make_unique<CSQLClauseAddColumn::CSubSQLClauseColumn>(GetColumn(i)->GetName().c_str(),
+                                                                           releaseOf(statement));
     GetColumn(i)->BuildSQL("ADD", item.get(), statement, out, nullptr);
     clause->AddAttr("C_ADD_COLUMN;LIST", std::move(item));
   }
@@ -302,7 +309,8 @@ int CSQLInfoColumns::modifyStep(CSQLClause* clause, CSQLClause* statement, std::
     if (IsAdd(i) || IsDrop(i) || IsUnused(i) || !column->IsModified(nullptr) || column->IsModified("NAME")) {
       continue;
     }
-    auto item = std::make_unique<CSQLClauseModifyColProp::CSubSQLClauseColumn>(column->GetName().c_str());
+    auto item = std::make_unique<CSQLClauseModifyColProp::CSubSQLClauseColumn>(column->GetName().c_str(),
+                                                                               releaseOf(statement));
     column->BuildSQL("MOD", item.get(), statement, out, nullptr);
     if (item->IsModified("*")) clause->AddAttr("C_MOD_COLUMN;C_MOD_COL_PROP;LIST", std::move(item));
   }

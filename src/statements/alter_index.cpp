@@ -113,8 +113,10 @@ CSQLAlterIndex::CSQLAlterIndex(bool bInit, int nOraVersion) : AlterStatement(nOr
   setup("C_ALTER_INDEX", bInit);
 }
 
-// Oracle allows one alteration per statement; only the physical changes combine.
+// Oracle allows one alteration per statement; only the physical changes combine. Oracle 11g made
+// indexes VISIBLE or INVISIBLE.
 void CSQLAlterIndex::init() {
+  const int v = GetOraVersion();
   attach(this,
          leaf("SCHEMA", "", "", "."),
          leaf("INDEX"),
@@ -123,6 +125,7 @@ void CSQLAlterIndex::init() {
             parameters(),
             leaf("ENABLE"),
             leaf("UNUSABLE"),
+            when(v >= 7, leaf("VISIBILITY")),
             leaf("RENAME").with(leaf("PARTITION", "PARTITION "), leaf("TO", "TO ")),
             leaf("COALESCE"),
             leaf("MONITORING", "", "", " USAGE"),

@@ -1,5 +1,7 @@
 #include "qarvelt/statements/alter_table.h"
 
+#include <algorithm>
+
 #include "qarvelt/clauses/column.h"
 #include "qarvelt/clauses/constraint.h"
 #include "qarvelt/clauses/table_props.h"
@@ -16,8 +18,9 @@ CSQLAlterTable::CSQLAlterTable(bool bInit, int nOraVersion) : AlterStatement(nOr
 }
 
 void CSQLAlterTable::init() {
-  // Every nested clause is built in its newest shape, whatever the statement's release code.
-  constexpr int v = kLatestRelease;
+  // Every nested clause is built in the shape of Oracle 11g up to that release, and for the
+  // statement's own release from Oracle 12c on.
+  const int v = std::max(GetOraVersion(), kLatestRelease);
   attach(
       this,
       leaf("SCHEMA", "", "", "."),

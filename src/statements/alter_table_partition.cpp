@@ -22,7 +22,7 @@ Node modifyListPartition();
 Node modifySubpartition();
 Node modifyHashSubpartition();
 Node modifyListSubpartition();
-Node movePartition();
+Node movePartition(int v);
 Node moveSubpartition();
 Node addPartition();
 Node addRangePartition();
@@ -160,13 +160,15 @@ Node modifyListSubpartition() {
                   leaf("ADD").with(valueList())));
 }
 
-Node movePartition() {
+// Oracle 12c moves a partition ONLINE.
+Node movePartition(int v) {
   return named("C_MOVE_TAB_PART",
                leaf("PARTITION", "MOVE PARTITION ")
                    .with(leaf("MAPPING", "", "", " TABLE"),
                          clause<CSQLClauseTabPartitionDesc>(kLatestRelease),
                          updateIndexes(),
-                         parallel()));
+                         parallel(),
+                         when(v >= 8, leaf("ONLINE"))));
 }
 
 Node moveSubpartition() {
@@ -278,7 +280,7 @@ void CSQLClauseAlterTablePartition::init() {
             setSubpartitionTemplate(),
             modifyPartition(),
             modifySubpartition(),
-            movePartition(),
+            movePartition(GetOraVersion()),
             moveSubpartition(),
             addPartition(),
             coalescePartition(),

@@ -51,10 +51,12 @@ CSQLCreateIndex::CSQLCreateIndex(bool bInit, int nOraVersion) : CreateStatement(
   setup("C_CREATE_INDEX", bInit);
 }
 
+// Oracle 23ai brought IF NOT EXISTS.
 void CSQLCreateIndex::init() {
+  const int v = GetOraVersion();
   attach(this,
          leaf("TYPE"),
-         And({"INDEX", ""}, leaf("SCHEMA", "", "", "."), leaf("INDEX")),
+         And({"INDEX", ""}, when(v >= 12, leaf("IF_NOT_EXISTS")), leaf("SCHEMA", "", "", "."), leaf("INDEX")),
          Or({"ON", ""},
             named("C_CLUSTER_INDEX",
                   And({"CLUSTER", ""}, leaf("SCHEMA", "", "", "."), leaf("CLUSTER")),

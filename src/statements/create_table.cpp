@@ -1,5 +1,6 @@
 #include "qarvelt/statements/create_table.h"
 
+#include "../clauses/column_definition.h"
 #include "../clauses/object_property.h"
 #include "qarvelt/clauses/column.h"
 #include "qarvelt/clauses/constraint.h"
@@ -13,9 +14,9 @@ using namespace build;
 
 namespace {
 
-// [schema.]name after TABLE.
-Node qualifiedName(const char* name) {
-  return And(leaf("SCHEMA", "", "", "."), leaf(name));
+// [IF NOT EXISTS] [schema.]name after TABLE; Oracle 23ai brought IF NOT EXISTS.
+Node qualifiedName(const char* name, int v) {
+  return And(when(v >= 12, leaf("IF_NOT_EXISTS")), leaf("SCHEMA", "", "", "."), leaf(name));
 }
 
 // ON COMMIT DELETE | PRESERVE ROWS.
@@ -48,7 +49,7 @@ class RelationalTable : public Cloneable<RelationalTable> {
     if (v >= 3) attach(this, leaf("TEMPORARY", "GLOBAL ").keep(temporary));
     attach(this,
            And({"TABLE", ""},
-               qualifiedName("TABLE"),
+               qualifiedName("TABLE", v),
                And({"(", ")"}, named("C_RELATIONAL_PROP", list("LIST", ",\n", "", ""))),
                when(v >= 3, onCommit().linked(temporary).afterPrefix(&CSQLCreateTable::CbTemporaryOnly)),
                physicalProperties(v),
@@ -72,7 +73,7 @@ class ObjectTable : public Cloneable<ObjectTable> {
     // written whenever it is set; the second has the link and no callback.
     attach(this,
            And({"TABLE", ""},
-               qualifiedName("TABLE"),
+               qualifiedName("TABLE", v),
                And({"OF", ""},
                    leaf("TYPE_SCHEMA", "", "", "."),
                    leaf("OBJECT_TYPE"),
@@ -127,18 +128,10 @@ CSQLCreateTable::CSubSQLItemProp::CSubSQLItemProp(bool bInit, int nOraVersion) :
 // column [type [COLLATE c]] [INVISIBLE] [DEFAULT [ON NULL] expr | identity | AS (expr) VIRTUAL]
 // [inline constraints].
 void CSQLCreateTable::CSubSQLItemProp::init() {
-  const int v = GetOraVersion();
   attach(this,
          Or(And(leaf("COLUMN"),
                 clause<CSQLAttrDataType>(kLatestRelease),
-                // Oracle 12c Release 2 brought column collations, Oracle 12c invisible columns,
-                // DEFAULT ON NULL and identity columns, Oracle 11g virtual columns.
-                when(v >= 9, leaf("COLLATE", "COLLATE ")),
-                when(v >= 8, leaf("VISIBILITY")),
-                leaf("DEFAULT", "DEFAULT "),
-                when(v >= 8, leaf("DEFAULT_ON_NULL", "DEFAULT ON NULL ")),
-                when(v >= 8, clause<CSQLClauseIdentity>(v)),
-                when(v >= 7, leaf("VIRTUAL", "GENERATED ALWAYS AS (", ") VIRTUAL")),
+                ColumnDefinitionTail(GetOraVersion()),
                 Or(list("LIST", " ", "", ""))),
             clause<CSQLClauseOutLineConstraint>(kLatestRelease),
             clause<CSQLClauseOutLineRefConstraint>(kLatestRelease),

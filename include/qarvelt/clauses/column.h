@@ -127,6 +127,9 @@ class CSQLClauseAddColumn : public Cloneable<CSQLClauseAddColumn> {
   class CSubSQLClauseColumn : public Cloneable<CSubSQLClauseColumn> {
    public:
     explicit CSubSQLClauseColumn(const char* name);
+    // An item for a statement of release code `nOraVersion`: built for 7 up to Oracle 11g, and for
+    // the statement's own code from Oracle 12c on, with the column syntax of that release.
+    CSubSQLClauseColumn(const char* name, int nOraVersion);
     explicit CSubSQLClauseColumn(bool bInit = true, int nOraVersion = 7);
 
    protected:
@@ -157,6 +160,9 @@ class CSQLClauseModifyColProp : public Cloneable<CSQLClauseModifyColProp> {
   class CSubSQLClauseColumn : public Cloneable<CSubSQLClauseColumn> {
    public:
     explicit CSubSQLClauseColumn(const char* name);
+    // An item for a statement of release code `nOraVersion`: built for 7 up to Oracle 11g, and for
+    // the statement's own code from Oracle 12c on, with the column syntax of that release.
+    CSubSQLClauseColumn(const char* name, int nOraVersion);
     explicit CSubSQLClauseColumn(bool bInit = true, int nOraVersion = 7);
 
    protected:
