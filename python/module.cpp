@@ -20,12 +20,19 @@ using namespace qarvelt;
 
 namespace {
 
-model::Options makeOptions(bool allowRecreate, bool failOnDataLoss, bool quoteAll, bool preserveCase) {
+// The options of Create and Diff from the keyword arguments the package passes on.
+model::Options makeOptions(const py::dict& given) {
   model::Options options;
-  options.allow_recreate = allowRecreate;
-  options.fail_on_data_loss = failOnDataLoss;
-  options.quote_all = quoteAll;
-  options.preserve_case = preserveCase;
+  const std::pair<const char*, bool model::Options::*> flags[] = {
+      {"allow_recreate", &model::Options::allow_recreate},
+      {"fail_on_data_loss", &model::Options::fail_on_data_loss},
+      {"quote_all", &model::Options::quote_all},
+      {"preserve_case", &model::Options::preserve_case},
+      {"online", &model::Options::online},
+      {"if_exists", &model::Options::if_exists}};
+  for (const auto& [name, member] : flags) {
+    if (given.contains(name)) options.*member = given[name].cast<bool>();
+  }
   return options;
 }
 
@@ -97,32 +104,21 @@ PYBIND11_MODULE(_qarvelt, m) {
 
   m.def(
       "create",
-      [](const std::string& document, const std::string& source, bool quoteAll, bool preserveCase) {
-        return toTuple(model::Create(model::ReadTable(document, source),
-                                     makeOptions(false, false, quoteAll, preserveCase)));
+      [](const std::string& document, const std::string& source, const py::dict& options) {
+        return toTuple(model::Create(model::ReadTable(document, source), makeOptions(options)));
       },
       py::arg("document"),
       py::arg("source"),
-      py::arg("quote_all"),
-      py::arg("preserve_case"));
+      py::arg("options"));
   m.def(
       "diff",
-      [](const std::string& before,
-         const std::string& after,
-         bool allowRecreate,
-         bool failOnDataLoss,
-         bool quoteAll,
-         bool preserveCase) {
-        return toTuple(model::Diff(model::ReadTable(before, "old"),
-                                   model::ReadTable(after, "new"),
-                                   makeOptions(allowRecreate, failOnDataLoss, quoteAll, preserveCase)));
+      [](const std::string& before, const std::string& after, const py::dict& options) {
+        return toTuple(model::Diff(
+            model::ReadTable(before, "old"), model::ReadTable(after, "new"), makeOptions(options)));
       },
       py::arg("old"),
       py::arg("new"),
-      py::arg("allow_recreate"),
-      py::arg("fail_on_data_loss"),
-      py::arg("quote_all"),
-      py::arg("preserve_case"));
+      py::arg("options"));
   m.def(
       "script_text",
       [](const std::vector<std::string>& statements, const std::string& terminator) {

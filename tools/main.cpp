@@ -64,6 +64,7 @@ int main(int argc, char** argv) {
   create->add_option("TABLE", tableFile, "the table document (JSON)")->required();
   addOutput(create);
   addCase(create);
+  create->add_flag("--if-exists", options.if_exists, "CREATE ... IF NOT EXISTS (Oracle 23ai)");
 
   std::string oldFile, newFile;
   auto* diff = app.add_subcommand("diff", "the ALTER script from an old table document to a new one");
@@ -72,6 +73,10 @@ int main(int argc, char** argv) {
   diff->add_flag(
       "--allow-recreate", options.allow_recreate, "accept differences that need the table created anew");
   diff->add_flag("--fail-on-data-loss", options.fail_on_data_loss, "refuse statements that lose data");
+  diff->add_flag(
+      "--online", options.online, "move the table and rebuild indexes ONLINE (Oracle 12c Release 2)");
+  diff->add_flag(
+      "--if-exists", options.if_exists, "IF [NOT] EXISTS in CREATE and DROP statements (Oracle 23ai)");
   addOutput(diff);
   addCase(diff);
 

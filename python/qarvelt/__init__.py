@@ -91,24 +91,32 @@ class Script:
 
 
 def create(document: Document, *, quote_all: bool = False, preserve_case: bool = False,
-           source: str = "document") -> List[str]:
+           if_exists: bool = False, source: str = "document") -> List[str]:
     """The CREATE TABLE, CREATE INDEX and COMMENT statements of a table document.
 
     quote_all writes every identifier in double quotes; preserve_case takes names exactly as written
-    instead of folding them to upper case as Oracle does. source names the document in errors."""
-    statements, _warnings = _qarvelt.create(_text(document), source, quote_all, preserve_case)
+    instead of folding them to upper case as Oracle does; if_exists writes CREATE ... IF NOT EXISTS
+    (Oracle 23ai; DocumentError below it). source names the document in errors."""
+    statements, _warnings = _qarvelt.create(_text(document), source,
+                                            dict(quote_all=quote_all, preserve_case=preserve_case,
+                                                 if_exists=if_exists))
     return statements
 
 
 def diff(old: Document, new: Document, *, allow_recreate: bool = False, fail_on_data_loss: bool = False,
-         quote_all: bool = False, preserve_case: bool = False) -> Script:
+         quote_all: bool = False, preserve_case: bool = False, online: bool = False,
+         if_exists: bool = False) -> Script:
     """The ALTER script from the table as it is (old) to the table as it should be (new).
 
     allow_recreate accepts differences that need the table created anew (the script then drops and
-    creates it); fail_on_data_loss refuses statements that lose data (RefusedError). Errors name the
-    documents "old" and "new"."""
-    statements, warnings = _qarvelt.diff(_text(old), _text(new), allow_recreate, fail_on_data_loss,
-                                         quote_all, preserve_case)
+    creates it); fail_on_data_loss refuses statements that lose data (RefusedError); online moves the
+    table and rebuilds its indexes ONLINE; if_exists writes IF [NOT] EXISTS in CREATE and DROP
+    statements (Oracle 23ai). Errors name the documents "old" and "new"."""
+    statements, warnings = _qarvelt.diff(_text(old), _text(new),
+                                         dict(allow_recreate=allow_recreate,
+                                              fail_on_data_loss=fail_on_data_loss, quote_all=quote_all,
+                                              preserve_case=preserve_case, online=online,
+                                              if_exists=if_exists))
     return Script(statements, warnings)
 
 

@@ -93,6 +93,15 @@ def test_diff_recreates_when_allowed():
     assert script.statements[1] == "CREATE TABLE T (A NUMBER,\nB BLOB)"
 
 
+def test_release_options_reach_the_library():
+    table = dict(TABLE, release="23ai", tablespace="USERS")
+    assert qarvelt.create(table, if_exists=True)[0].startswith("CREATE TABLE IF NOT EXISTS T ")
+    with pytest.raises(qarvelt.DocumentError, match="needs Oracle 23ai"):
+        qarvelt.create(TABLE, if_exists=True)  # a 19c table
+    moved = qarvelt.diff(table, dict(table, tablespace="DATA"), online=True)
+    assert moved.statements == ["ALTER TABLE T MOVE ONLINE TABLESPACE DATA"]
+
+
 # ---- statement trees ----------------------------------------------------------------------------
 
 PCTFREE = "C_ALT_TABLE_PROPERTY;C_PHYSICAL_ATTRIBUTES;PCTFREE"

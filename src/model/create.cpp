@@ -147,8 +147,12 @@ void checkDataType(const Column& c, int release, const std::string& where) {
 class Writer {
  public:
   Writer(const Table& table, const Options& options)
-      : m_table(table), m_release(table.release), m_quoteAll(options.quote_all) {
+      : m_table(table),
+        m_release(table.release),
+        m_quoteAll(options.quote_all),
+        m_ifExists(options.if_exists) {
     if (m_release < 0 || m_release > kNewestRelease) Refuse("release", "unknown release code");
+    if (m_ifExists) RequireRelease(m_release, 12, "--if-exists", "IF NOT EXISTS");
   }
 
   Script Run() {
@@ -217,7 +221,6 @@ class Writer {
   void checkColumns();
   std::string createTable();
   void column(TreeFiller& f, const Column& c, std::size_t i);
-  void columnExtras(TreeFiller& f, const Column& c, const std::string& path, const std::string& where);
   void constraint(TreeFiller& f, const std::string& base, const Constraint& c, const std::string& where);
   std::string addConstraint(const Constraint& c, std::size_t i);
   void constraintState(TreeFiller& f, const std::string& path, const Constraint& c, const std::string& where);
@@ -249,6 +252,7 @@ class Writer {
   const Table& m_table;
   int m_release;
   bool m_quoteAll;
+  bool m_ifExists;               // CREATE ... IF NOT EXISTS
   std::size_t m_keyColumns = 0;  // of the primary key
 };
 
@@ -292,6 +296,7 @@ std::string Writer::createTable() {
   }
   if (!t.schema.empty()) f.Set(kRelational + ";SCHEMA", id(t.schema, "schema"), "schema");
   f.Set(kRelational + ";TABLE", id(t.name, "name"), "name");
+  f.Set(kRelational + ";IF_NOT_EXISTS", m_ifExists ? "IF NOT EXISTS" : "", "--if-exists");
   for (std::size_t i = 0; i < t.columns.size(); ++i)
     column(f, t.columns[i], i);
   std::vector<std::string> names;
@@ -316,15 +321,17 @@ std::string Writer::createTable() {
   return f.Write();
 }
 
-// What Oracle 11g and later releases added to a column: COLLATE, INVISIBLE, DEFAULT [ON NULL],
-// the identity clause and virtual columns, each refused below the release that brought it.
-void Writer::columnExtras(TreeFiller& f, const Column& c, const std::string& path, const std::string& where) {
+}  // namespace
+
+namespace create {
+
+void CheckColumnSyntax(const Column& c, int release, const std::string& where) {
   const Identity& id = c.identity;
-  if (!c.collation.empty()) RequireRelease(m_release, 9, where + ".collation", "a column collation");
-  if (c.invisible) RequireRelease(m_release, 8, where + ".invisible", "an invisible column");
-  if (c.default_on_null) RequireRelease(m_release, 8, where + ".default_on_null", "DEFAULT ON NULL");
-  if (!id.generated.empty()) RequireRelease(m_release, 8, where + ".identity", "an identity column");
-  if (!c.virtual_expr.empty()) RequireRelease(m_release, 7, where + ".virtual", "a virtual column");
+  if (!c.collation.empty()) RequireRelease(release, 9, where + ".collation", "a column collation");
+  if (c.invisible) RequireRelease(release, 8, where + ".invisible", "an invisible column");
+  if (c.default_on_null) RequireRelease(release, 8, where + ".default_on_null", "DEFAULT ON NULL");
+  if (!id.generated.empty()) RequireRelease(release, 8, where + ".identity", "an identity column");
+  if (!c.virtual_expr.empty()) RequireRelease(release, 7, where + ".virtual", "a virtual column");
   if (c.default_on_null && c.default_value.empty())
     Refuse(where + ".default_on_null", "DEFAULT ON NULL needs the default");
   const int kinds =
@@ -335,6 +342,12 @@ void Writer::columnExtras(TreeFiller& f, const Column& c, const std::string& pat
   if (!c.virtual_expr.empty() &&
       (CSQLUtil::IsLOBType(c.type.c_str()) != 0 || c.type == "LONG" || c.type == "LONG RAW"))
     Refuse(where + ".virtual", "a virtual column cannot be of type " + c.type);
+}
+
+void ColumnSyntax(
+    TreeFiller& f, const Column& c, const std::string& path, const std::string& where, int release) {
+  CheckColumnSyntax(c, release, where);
+  const Identity& id = c.identity;
   f.Set(path + ";COLLATE", c.collation, where + ".collation");
   f.Set(path + ";VISIBILITY", c.invisible ? "INVISIBLE" : "", where + ".invisible");
   f.Set(path + (c.default_on_null ? ";DEFAULT_ON_NULL" : ";DEFAULT"), c.default_value, where + ".default");
@@ -352,6 +365,10 @@ void Writer::columnExtras(TreeFiller& f, const Column& c, const std::string& pat
   f.Set(identity + ";ORDER", id.order, where + ".identity.order");
 }
 
+}  // namespace create
+
+namespace {
+
 void Writer::column(TreeFiller& f, const Column& c, std::size_t i) {
   const std::string where = at("columns", i);
   const std::string path = kItems + ";" + item("C", i);
@@ -361,7 +378,7 @@ void Writer::column(TreeFiller& f, const Column& c, std::size_t i) {
   f.Set(path + ";DATATYPE;LENGTH", c.length, where + ".length");
   f.Set(path + ";DATATYPE;SCALE", c.scale, where + ".scale");
   f.Set(path + ";DATATYPE;UNIT", c.unit, where + ".unit");
-  columnExtras(f, c, path, where);
+  ColumnSyntax(f, c, path, where, m_release);
 
   // One inline constraint each; the constraint name goes to the key or check constraint, or to NOT
   // NULL when that is the only one.
@@ -905,6 +922,7 @@ std::string Writer::createIndex(const Index& x, std::size_t i) {
   const std::string& schema = x.schema.empty() ? m_table.schema : x.schema;
   if (!schema.empty()) f.Set("SCHEMA", id(schema, where + ".schema"), where + ".schema");
   f.Set("INDEX", id(x.name, where + ".name"), where + ".name");
+  f.Set("IF_NOT_EXISTS", m_ifExists ? "IF NOT EXISTS" : "", "--if-exists");
   if (!m_table.schema.empty()) f.Set(kOnTable + ";SCHEMA", id(m_table.schema, "schema"), "schema");
   f.Set(kOnTable + ";TABLE", id(m_table.name, "name"), "name");
 

@@ -140,6 +140,14 @@ class TreeFiller {
   std::vector<std::pair<std::string, std::string>> m_written;
 };
 
+// What Oracle 11g and later releases added to a column: COLLATE, INVISIBLE, DEFAULT [ON NULL], the
+// identity clause and virtual columns. CheckColumnSyntax refuses what the release lacks (naming the
+// release that brought it) and what no column can be; ColumnSyntax checks and sets them in the
+// column item at `path` (a CREATE TABLE item, or an ALTER TABLE ... ADD item).
+void CheckColumnSyntax(const Column& c, int release, const std::string& where);
+void ColumnSyntax(
+    TreeFiller& f, const Column& c, const std::string& path, const std::string& where, int release);
+
 }  // namespace qarvelt::model::create
 
 #endif  // QARVELT_MODEL_CREATE_SUPPORT_H

@@ -6,7 +6,8 @@
 //   4. renamed columns, then renamed constraints;
 //   5. the table's own properties (physical attributes, storage, logging, caching, parallel, row
 //      movement, a new tablespace) and the LOB storage of kept columns;
-//   6. added and modified columns;
+//   6. the column syntax of Oracle 11g and later (identity, DEFAULT ON NULL, visibility, virtual
+//      expression, collation), one statement each, then added and modified columns;
 //   7. partition maintenance: drops, renames, moves, attribute changes, then the new partitions in
 //      bound order (added, or split off the partition that holds their range); the old highest
 //      partition waits until the new ones are in when none is kept; then the LOB storage of kept
@@ -293,21 +294,8 @@ class Differ {
     }
   }
   void warn(const std::string& what) { m_script.warnings.push_back(what); }
-  // The column syntax of Oracle 11g and later that the ALTER script does not write yet: identity,
-  // DEFAULT ON NULL, visibility, virtual expression, collation. A change to any of them is
-  // refused rather than left out (--allow-recreate creates the table anew with it).
-  static std::string newerSyntaxChange(const Column& old, const Column& now) {
-    const Identity &a = old.identity, &b = now.identity;
-    if (a.generated != b.generated || a.start_with != b.start_with || a.increment_by != b.increment_by ||
-        a.minvalue != b.minvalue || a.maxvalue != b.maxvalue || a.cache != b.cache ||
-        a.nocache != b.nocache || a.cycle != b.cycle || a.order != b.order)
-      return "identity clause";
-    if (old.default_on_null != now.default_on_null) return "DEFAULT ON NULL";
-    if (old.invisible != now.invisible) return "visibility (INVISIBLE)";
-    if (old.virtual_expr != now.virtual_expr) return "virtual expression";
-    if (old.collation != now.collation) return "collation";
-    return "";
-  }
+  // "IF EXISTS " in a DROP statement under --if-exists (Oracle 23ai).
+  std::string ifExists() const { return m_options.if_exists ? "IF EXISTS " : ""; }
   // A statement that loses data: a warning, or a refusal with --fail-on-data-loss.
   void dataLoss(const std::string& what) {
     warn(what);
@@ -344,6 +332,11 @@ class Differ {
   void addPartition(CSQLInfoTable& table, const Partition& now, const std::string& where, Texts& out);
   void splitPartition(const std::string& from, const Partition& now, const std::string& where, Texts& out);
   void scriptComments(Texts& out);
+  void scriptColumnSyntax(const Column& old, const Column& now, const std::string& where);
+  std::string modifyColumn(const Column& now,
+                           const std::string& where,
+                           const std::function<void(create::TreeFiller&, const std::string&)>& fill);
+  void addedColumnSyntax(CSQLAlterTable& tree);
 
   const Table& m_before;
   const Table& m_after;
@@ -365,6 +358,9 @@ class Differ {
   std::string m_why;
   // A changed degree of parallelism in the bracketed form of the older releases, or "".
   std::string m_parallel;
+  // ALTER TABLE ... MODIFY statements of the column syntax of Oracle 11g and later (identity,
+  // DEFAULT ON NULL, visibility, virtual expression, collation), one change each.
+  Texts m_columnSyntax;
 
   // Old column names as the new table calls them.
   std::vector<std::string> renamed(std::vector<std::string> names) const {
@@ -405,7 +401,7 @@ void Differ::checkRecreate() {
 Script Differ::recreate() {
   Script script;
   if (m_after.release != m_before.release) script.warnings.push_back(m_script.warnings.front());
-  script.statements.push_back("DROP TABLE " + tableName(m_before) + " CASCADE CONSTRAINTS");
+  script.statements.push_back("DROP TABLE " + ifExists() + tableName(m_before) + " CASCADE CONSTRAINTS");
   script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost (" + m_why +
                             ")");
   if (m_options.fail_on_data_loss) {
@@ -485,8 +481,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if (now.type != old.type && (typeFamily(now.type) < 0 || typeFamily(now.type) != typeFamily(old.type))) {
       refuse("column " + now.name + " changes its type from " + old.type + " to " + now.type);
     }
-    const std::string newer = newerSyntaxChange(old, now);
-    if (!newer.empty()) refuse("column " + now.name + " changes its " + newer);
+    create::CheckColumnSyntax(now, m_release, "columns[" + std::to_string(kept->first) + "]");
     auto moves = [](const std::string& after, const std::string& before) {
       return !after.empty() && after != before;
     };
@@ -512,8 +507,14 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       load(r, "DATATYPE", now.type, old.type);
       load(r, "LENGTH", lengthOf(now), lengthOf(old));
       load(r, "SCALE", now.scale, old.scale);
-      load(r, "DEFAULT", now.default_value, old.default_value);
-      load(*r.CONSTRAINT(), "NULL", now.not_null ? "NOT NULL" : "", old.not_null ? "NOT NULL" : "");
+      // DEFAULT ON NULL goes with the column syntax below, and makes the column NOT NULL.
+      if (!now.default_on_null && !old.default_on_null)
+        load(r, "DEFAULT", now.default_value, old.default_value);
+      // (A column that becomes DEFAULT ON NULL is NOT NULL by that statement already.)
+      const bool wasNotNull = old.not_null || old.default_on_null;
+      const bool notNull = now.not_null || now.default_on_null;
+      if (!(now.default_on_null && !wasNotNull))
+        load(*r.CONSTRAINT(), "NULL", notNull ? "NOT NULL" : "", wasNotNull ? "NOT NULL" : "");
       if (now.unique && !old.unique) load(*r.CONSTRAINT(), "UNIQUE", "UNIQUE", "");
       if (now.primary_key && !old.primary_key) load(*r.CONSTRAINT(), "PRIMARY", "PRIMARY", "");
       if (now.check != old.check && !now.check.empty()) load(*r.CONSTRAINT(), "CHECK", now.check, "");
@@ -531,6 +532,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       load(renamed, "NAME", nowId, nowId);
       loadChanges(renamed);
     }
+    scriptColumnSyntax(old, now, where);
     if (!old.constraint_name.empty() && !now.constraint_name.empty() &&
         old.constraint_name != now.constraint_name) {
       warn("column " + now.name + ": its inline constraint is renamed from " + old.constraint_name + " to " +
@@ -549,8 +551,6 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if (m_columnOf.count(n) != 0) continue;
     const Column& now = m_after.columns[n];
     requireType(now, "columns[" + std::to_string(n) + "]");
-    const std::string newer = newerSyntaxChange(Column{}, now);
-    if (!newer.empty()) refuse("column " + now.name + " is added with its " + newer);
     const std::string itemName = "+" + now.name;  // never the name of an old column's item
     columns.AddColumn(itemName.c_str(), false);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(itemName.c_str());
@@ -558,9 +558,10 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     load(record, "DATATYPE", now.type, "");
     load(record, "LENGTH", lengthOf(now), "");
     load(record, "SCALE", now.scale, "");
-    load(record, "DEFAULT", now.default_value, "");
+    if (!now.default_on_null) load(record, "DEFAULT", now.default_value, "");
     if (now.not_null) load(*record.CONSTRAINT(), "NULL", "NOT NULL", "");
-    if (now.not_null && now.default_value.empty()) {
+    if (now.not_null && now.default_value.empty() && now.identity.generated.empty() &&
+        now.virtual_expr.empty()) {
       // Not data loss, but a statement that fails on any table with rows; --fail-on-data-loss
       // refuses it too.
       dataLoss("column " + now.name + " is added to " + tableName(m_before) +
@@ -573,6 +574,122 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if (!now.constraint_name.empty())
       load(*record.CONSTRAINT(), "NAME", id(now.constraint_name, "constraint"), "");
     loadLob(record, now.lob, none, false);
+  }
+}
+
+// ---- the column syntax of Oracle 11g and later --------------------------------------------------
+
+// ALTER TABLE t MODIFY (c ...) with the leaves `fill` sets in the column item at the path it is given.
+std::string Differ::modifyColumn(const Column& now,
+                                 const std::string& where,
+                                 const std::function<void(create::TreeFiller&, const std::string&)>& fill) {
+  CSQLAlterTable statement(true, std::max(m_release, kLatestRelease));
+  create::TreeFiller f(statement, "ALTER TABLE");
+  const std::string list = "C_COLUMN;C_MOD_COLUMN;C_MOD_COL_PROP;LIST";
+  if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
+  f.Set("TABLE", id(m_before.name, "name"), "name");
+  f.Add(list, std::make_unique<CSQLClauseModifyColProp::CSubSQLClauseColumn>("C", m_release), where);
+  f.Set(list + ";C;COLUMN", id(now.name, where), where);
+  fill(f, list + ";C");
+  return f.Write();
+}
+
+// Each change is a statement of its own: Oracle takes a column's properties, its visibility and its
+// virtual expression as separate items.
+void Differ::scriptColumnSyntax(const Column& old, const Column& now, const std::string& where) {
+  const Identity &a = old.identity, &b = now.identity;
+  auto write = [&](const std::function<void(create::TreeFiller&, const std::string&)>& fill) {
+    m_columnSyntax.push_back(modifyColumn(now, where, fill));
+  };
+  if (a.generated.empty() && !b.generated.empty()) {
+    refuse("column " + now.name +
+           " becomes an identity column, which Oracle does only for a new column (ORA-30673)");
+  }
+  if (!a.generated.empty() && b.generated.empty()) {
+    write([&](create::TreeFiller& f, const std::string& item) {
+      f.Set(item + ";DROP_IDENTITY", "DROP IDENTITY", where + ".identity");
+    });
+  } else if (!b.generated.empty()) {
+    // Only what changed: a START WITH restates where the numbers go on from. An option the new
+    // document leaves out goes back to Oracle's default.
+    struct Option {
+      std::string now, before;
+      const char* leaf;
+      std::string fallback;
+      const char* fallbackLeaf;
+    };
+    const std::string cacheNow = b.nocache ? "NOCACHE" : b.cache,
+                      cacheBefore = a.nocache ? "NOCACHE" : a.cache;
+    const Option options[] = {{b.start_with, a.start_with, "START", "", "START"},
+                              {b.increment_by, a.increment_by, "INCREMENT", "1", "INCREMENT"},
+                              {b.maxvalue, a.maxvalue, "MAXVALUE", "NOMAXVALUE", "NOMAXVALUE"},
+                              {b.minvalue, a.minvalue, "MINVALUE", "NOMINVALUE", "NOMINVALUE"},
+                              {b.nocache ? "" : b.cache, a.nocache ? "" : a.cache, "CACHE", "", "CACHE"},
+                              {b.cycle, a.cycle, "CYCLE", "NOCYCLE", "CYCLE"},
+                              {b.order, a.order, "ORDER", "NOORDER", "ORDER"}};
+    bool changed = a.generated != b.generated || cacheNow != cacheBefore;
+    for (const Option& o : options)
+      changed = changed || o.now != o.before;
+    if (changed) {
+      write([&](create::TreeFiller& f, const std::string& item) {
+        const std::string identity = item + ";C_IDENTITY;GENERATED";
+        f.Set(identity, b.generated, where + ".identity");
+        for (const Option& o : options) {
+          if (o.now == o.before) continue;
+          f.Set(identity + ";" + (o.now.empty() ? o.fallbackLeaf : o.leaf),
+                o.now.empty() ? o.fallback : o.now,
+                where + ".identity");
+        }
+        if (cacheNow != cacheBefore && b.nocache)
+          f.Set(identity + ";NOCACHE", "NOCACHE", where + ".identity");
+        if (cacheNow != cacheBefore && cacheNow.empty())
+          f.Set(identity + ";CACHE", "20", where + ".identity");
+      });
+    }
+  }
+  if (old.default_on_null != now.default_on_null ||
+      ((old.default_on_null || now.default_on_null) && old.default_value != now.default_value)) {
+    write([&](create::TreeFiller& f, const std::string& item) {
+      if (now.default_on_null) {
+        f.Set(item + ";DEFAULT_ON_NULL", now.default_value, where + ".default");
+      } else {
+        f.Set(item + ";DEFAULT", now.default_value.empty() ? "NULL" : now.default_value, where + ".default");
+      }
+    });
+  }
+  if (old.invisible != now.invisible) {
+    write([&](create::TreeFiller& f, const std::string& item) {
+      f.Set(item + ";VISIBILITY", now.invisible ? "INVISIBLE" : "VISIBLE", where + ".invisible");
+    });
+  }
+  if (old.virtual_expr.empty() != now.virtual_expr.empty()) {
+    refuse("column " + now.name + (now.virtual_expr.empty() ? " stops being" : " becomes") +
+           " a virtual column, which no ALTER TABLE does");
+  }
+  if (old.virtual_expr != now.virtual_expr) {
+    write([&](create::TreeFiller& f, const std::string& item) {
+      f.Set(item + ";VIRTUAL", now.virtual_expr, where + ".virtual");
+    });
+  }
+  if (!old.collation.empty() && now.collation.empty()) {
+    refuse("column " + now.name + " loses its collation " + old.collation +
+           "; name the one it should have (USING_NLS_COMP is the default)");
+  }
+  if (old.collation != now.collation) {
+    write([&](create::TreeFiller& f, const std::string& item) {
+      f.Set(item + ";COLLATE", now.collation, where + ".collation");
+    });
+  }
+}
+
+// The column syntax of the added columns, in their items of the ALTER TABLE ... ADD tree.
+void Differ::addedColumnSyntax(CSQLAlterTable& tree) {
+  create::TreeFiller f(tree, "ALTER TABLE");
+  for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
+    if (m_columnOf.count(n) != 0) continue;
+    const Column& now = m_after.columns[n];
+    create::ColumnSyntax(
+        f, now, "C_COLUMN;C_ADD_COLUMN;LIST;+" + now.name, "columns[" + std::to_string(n) + "]", m_release);
   }
 }
 
@@ -800,11 +917,11 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
         b.emplace_back(p.renamed_from.empty() ? p.name : p.renamed_from, p.values_less_than);
       return b;
     };
-    // Visibility and partial indexing are not altered in place: a change drops and creates the index.
-    return x.unique == y.unique && x.bitmap == y.bitmap && x.invisible == y.invisible &&
-           x.partial == y.partial && keys(x) == keys(y) && x.local == y.local &&
-           x.global_type == y.global_type && renamed(x.global_columns) == y.global_columns &&
-           bounds(x) == bounds(y) && x.global_count == y.global_count;
+    // Partial indexing is not altered in place: a change drops and creates the index.
+    return x.unique == y.unique && x.bitmap == y.bitmap && x.partial == y.partial && keys(x) == keys(y) &&
+           x.local == y.local && x.global_type == y.global_type &&
+           renamed(x.global_columns) == y.global_columns && bounds(x) == bounds(y) &&
+           x.global_count == y.global_count;
   };
   // Oracle refuses to change the type or length of a column that a function-based index uses
   // (ORA-30556); a descending key is one such index too. The index goes before the change and comes
@@ -851,7 +968,7 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
            "that a function-based index uses (ORA-30556)");
     }
     if (!sameDefinition(*old, now) || !column.empty()) {
-      dropped.push_back("DROP INDEX " + qualified(*old));
+      dropped.push_back("DROP INDEX " + ifExists() + qualified(*old));
       toCreate.push_back(now);
       continue;
     }
@@ -880,6 +997,8 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
       load(record, "COMPRESS;VALUE", prefix(now.compress), prefix(old->compress));
     }
     loadIndexPartitions(record, *old, now);
+    // An index the document builds ONLINE, or any with --online, is rebuilt ONLINE too.
+    if (now.online || m_options.online) load(record, "ONLINE", "ONLINE", "ONLINE");
     const std::string parallel = now.parallel.empty() ? old->parallel : now.parallel;
     if (parallel != old->parallel) {
       const bool degree = parallel != "PARALLEL" && parallel != "NOPARALLEL";
@@ -895,9 +1014,18 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
                     "index " + now.name + ": the change script failed with code " + std::to_string(result));
     }
     altered.insert(altered.end(), out.begin(), out.end());
+    if (now.invisible != old->invisible) {
+      requireRelease(7, "making index " + old->name + " VISIBLE or INVISIBLE");
+      CSQLAlterIndex visibility(true, std::max(m_release, kLatestRelease));
+      create::TreeFiller f(visibility, "ALTER INDEX");
+      if (!schema.empty()) f.Set("SCHEMA", id(schema, "schema"), "schema");
+      f.Set("INDEX", id(now.name, "index " + now.name), "index " + now.name);
+      f.Set("VISIBILITY", now.invisible ? "INVISIBLE" : "VISIBLE", "index " + now.name + ".invisible");
+      altered.push_back(f.Write());
+    }
   }
   for (std::size_t i = 0; i < m_before.indexes.size(); ++i) {
-    if (matched.count(i) == 0) dropped.push_back("DROP INDEX " + qualified(m_before.indexes[i]));
+    if (matched.count(i) == 0) dropped.push_back("DROP INDEX " + ifExists() + qualified(m_before.indexes[i]));
   }
   if (!toCreate.empty()) {
     Texts made = CreateIndexStatements(m_after, toCreate, m_options);
@@ -1324,6 +1452,7 @@ void Differ::scriptComments(Texts& out) {
 // ---- the whole run ------------------------------------------------------------------------------
 
 Script Differ::run() {
+  if (m_options.if_exists) create::RequireRelease(m_release, 12, "--if-exists", "IF [NOT] EXISTS");
   if (m_after.release != m_before.release) {
     warn("the documents name different releases; the script is written for the new one's");
   }
@@ -1371,12 +1500,14 @@ Script Differ::alter() {
   }
 
   // Columns: renames and drops come back in `out`, adds and modifications stay in the tree.
+  // Their items take the column syntax of the table's release.
   Texts columnOut;
-  CSQLAlterTable columnTree;
+  CSQLAlterTable columnTree(true, std::max(m_release, kLatestRelease));
   if (const int result = CSQLUtil::GenAltColumn(&columnTree, &columnOut, &table, &columns)) {
     throw Failure(kExitFailure, "columns: the change script failed with code " + std::to_string(result));
   }
-  Texts columnChanges;
+  addedColumnSyntax(columnTree);
+  Texts columnChanges = m_columnSyntax;
   writeTree(columnTree, columnChanges);
   CSQLAlterTable renamedTree;
   CSQLUtil::GenAltColumn(&renamedTree, &columnOut, &table, &renamedColumns);
@@ -1391,6 +1522,15 @@ Script Differ::alter() {
   Texts properties;
   CSQLAlterTable propertyTree;
   CSQLUtil::GenAltTableProperty(&propertyTree, &properties, &table);
+  if (m_options.online && propertyTree.IsModified("C_MOVE_TABLE;*")) {
+    // Oracle8i moves an index-organized table ONLINE, Oracle 12c Release 2 any table.
+    const bool iot = m_after.organization == "INDEX";
+    create::RequireRelease(m_release,
+                           iot ? 2 : 9,
+                           "--online",
+                           iot ? "MOVE ONLINE of an index-organized table" : "MOVE ONLINE of a table");
+    propertyTree.SetValue("C_MOVE_TABLE;ONLINE", "ONLINE");
+  }
   writeTree(propertyTree, properties);
   if (!m_parallel.empty()) properties.push_back(m_parallel);
   Texts rename;

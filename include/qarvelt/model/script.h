@@ -20,6 +20,9 @@ struct Options {
   bool fail_on_data_loss = false;  // Diff: refuse statements that lose data (Error, Refused)
   bool quote_all = false;          // write every identifier in double quotes
   bool preserve_case = false;      // take names exactly as written, instead of folding them as Oracle does
+  bool online =
+      false;  // Diff: move the table and rebuild its indexes ONLINE (refused where the release lacks it)
+  bool if_exists = false;  // Oracle 23ai: CREATE ... IF NOT EXISTS and DROP ... IF EXISTS (refused below it)
 };
 
 // The statements of a script, in order, without terminators, and the warnings about them (data
