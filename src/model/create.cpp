@@ -111,6 +111,14 @@ void checkDataType(const Column& c, int release, const std::string& where) {
            "column " + c.name + ": unknown data type " + c.type + "; did you mean " +
                JoinAlternatives(Nearest(c.type, types)) + "?");
   }
+  if (c.type == "VECTOR") {
+    // VECTOR(dimensions, format): up to 65535 dimensions, BINARY ones in whole bytes.
+    if (c.length != "*") CheckNumber(c.length, 1, 65535, where + ".dimensions");
+    if (c.scale == "BINARY" && c.length != "*" && std::stol(c.length) % 8 != 0)
+      Refuse(where + ".dimensions", "a BINARY vector has a multiple of 8 dimensions");
+    if (!c.unit.empty()) Refuse(where + ".unit", "VECTOR takes no length unit");
+    return;
+  }
   const Sizes sizes = sizesOf(c.type, release);
   const bool zoned = c.type.rfind("TIMESTAMP ", 0) == 0 || c.type.rfind("INTERVAL", 0) == 0;
   if (zoned && (!c.length.empty() || !c.scale.empty())) {

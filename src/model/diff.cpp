@@ -482,6 +482,8 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       refuse("column " + now.name + " changes its type from " + old.type + " to " + now.type);
     }
     create::CheckColumnSyntax(now, m_release, "columns[" + std::to_string(kept->first) + "]");
+    if (now.type == "VECTOR" && old.type == now.type && (now.length != old.length || now.scale != old.scale))
+      refuse("column " + now.name + " changes its VECTOR dimensions or format");
     auto moves = [](const std::string& after, const std::string& before) {
       return !after.empty() && after != before;
     };
@@ -664,7 +666,7 @@ void Differ::scriptColumnSyntax(const Column& old, const Column& now, const std:
   }
   if (old.virtual_expr.empty() != now.virtual_expr.empty()) {
     refuse("column " + now.name + (now.virtual_expr.empty() ? " stops being" : " becomes") +
-           " a virtual column, which no ALTER TABLE does");
+           " a virtual column");
   }
   if (old.virtual_expr != now.virtual_expr) {
     write([&](create::TreeFiller& f, const std::string& item) {

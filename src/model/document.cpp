@@ -126,6 +126,17 @@ void readColumn(ObjectReader& r, Column& c) {
   if (!precision.empty()) c.length = precision;
   c.scale = r.Text("scale");
   c.unit = choice(r, "unit", {"BYTE", "CHAR"});
+  // A VECTOR column's dimensions and format take the places of length and scale.
+  const std::string dimensions = r.Text("dimensions");
+  const std::string format = choice(r, "format", {"FLOAT32", "FLOAT64", "INT8", "BINARY", "*"});
+  if (c.type == "VECTOR") {
+    if (!c.length.empty() || !c.scale.empty())
+      r.Fail(c.length.empty() ? "scale" : "length", "a VECTOR column takes dimensions and format instead");
+    c.length = dimensions.empty() && !format.empty() ? "*" : dimensions;
+    c.scale = format;
+  } else if (!dimensions.empty() || !format.empty()) {
+    r.Fail(dimensions.empty() ? "format" : "dimensions", "only a VECTOR column takes it");
+  }
   c.default_value = r.Text("default");
   c.default_on_null = r.Flag("default_on_null") == 1;
   c.invisible = r.Flag("invisible") == 1;

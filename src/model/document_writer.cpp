@@ -119,8 +119,9 @@ Object column(const Column& c) {
   text(o, "name", c.name);
   text(o, "renamed_from", c.renamed_from);
   text(o, "type", c.type);
-  text(o, "length", c.length);
-  text(o, "scale", c.scale);
+  const bool vector = c.type == "VECTOR";
+  text(o, vector ? "dimensions" : "length", c.length);
+  text(o, vector ? "format" : "scale", c.scale);
   text(o, "unit", c.unit);
   text(o, "default", c.default_value);
   flag(o, "default_on_null", c.default_on_null);

@@ -38,7 +38,9 @@ struct Identity {
 
 struct Column {
   std::string name, renamed_from;
-  std::string type, length, scale, unit;  // length holds the precision of NUMBER and FLOAT
+  // length holds the precision of NUMBER and FLOAT; for VECTOR (Oracle 23ai) length is the number
+  // of dimensions (or *) and scale the format (FLOAT32, FLOAT64, INT8, BINARY or *).
+  std::string type, length, scale, unit;
   std::string default_value;
   bool default_on_null = false;  // DEFAULT ON NULL (Oracle 12c)
   bool invisible = false;        // INVISIBLE (Oracle 12c)
