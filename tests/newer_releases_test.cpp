@@ -61,22 +61,14 @@ INSTANTIATE_TEST_SUITE_P(
     caseName);
 
 TEST(NewerReleases, AbsentBelowTheirRelease) {
-  struct Gate {
-    std::function<std::unique_ptr<CSQLClause>(int)> make;
-    const char* path;
-    int since;
-  } const gates[] = {
-      {[](int v) { return std::make_unique<CSQLCreateTable>(true, v); }, "C_RELATIONAL_TABLE;IF_NOT_EXISTS",
-       12},
-      {[](int v) { return std::make_unique<CSQLCreateIndex>(true, v); }, "IF_NOT_EXISTS", 12},
-      {[](int v) { return std::make_unique<CSQLAlterIndex>(true, v); }, "VISIBILITY", 7},
-      {[](int v) { return std::make_unique<CSQLAlterTable>(true, v); },
-       "C_ALTER_TAB_PART;C_MOVE_TAB_PART;PARTITION;ONLINE", 8},
-  };
-  for (const Gate& g : gates) {
-    for (int v = 3; v <= kNewestRelease; ++v)
-      EXPECT_EQ(g.make(v)->GetClause(g.path) != nullptr, v >= g.since) << g.path << " at " << v;
-  }
+  checkGates(
+      {
+          {built<CSQLCreateTable>(), "C_RELATIONAL_TABLE;IF_NOT_EXISTS", 12},
+          {built<CSQLCreateIndex>(), "IF_NOT_EXISTS", 12},
+          {built<CSQLAlterIndex>(), "VISIBILITY", 7},
+          {built<CSQLAlterTable>(), "C_ALTER_TAB_PART;C_MOVE_TAB_PART;PARTITION;ONLINE", 8},
+      },
+      3);
 }
 
 }  // namespace

@@ -123,6 +123,25 @@ void expectGates(std::initializer_list<std::pair<const char*, int>> gates) {
     expectGate<T>(path, first);
 }
 
+// A node that a class has from release code `since` on, and not before.
+struct Gate {
+  std::function<std::unique_ptr<CSQLClause>(int)> make;
+  const char* path;
+  int since;
+};
+
+template <class T>
+std::function<std::unique_ptr<CSQLClause>(int)> built() {
+  return [](int nOraVersion) { return std::make_unique<T>(true, nOraVersion); };
+}
+
+inline void checkGates(const std::vector<Gate>& gates, int from = 0) {
+  for (const Gate& g : gates) {
+    for (int v = from; v <= kNewestRelease; ++v)
+      EXPECT_EQ(g.make(v)->GetClause(g.path) != nullptr, v >= g.since) << g.path << " at " << v;
+  }
+}
+
 }  // namespace qarvelt::testing
 
 #endif  // QARVELT_TESTS_SUPPORT_H

@@ -50,7 +50,9 @@
 #include "qarvelt/statements/alter_database.h"
 #include "qarvelt/statements/create_user.h"
 // dimensions, operators and index types
+#include "qarvelt/statements/alter_sequence.h"
 #include "qarvelt/statements/dimension.h"
+#include "qarvelt/statements/drop.h"
 #include "qarvelt/statements/indextype.h"
 
 #include "qarvelt/util/util.h"

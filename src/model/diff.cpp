@@ -294,8 +294,20 @@ class Differ {
     }
   }
   void warn(const std::string& what) { m_script.warnings.push_back(what); }
-  // "IF EXISTS " in a DROP statement under --if-exists (Oracle 23ai).
-  std::string ifExists() const { return m_options.if_exists ? "IF EXISTS " : ""; }
+  // DROP INDEX, DROP TABLE ...: [IF EXISTS (--if-exists)] [schema.]name and the leaves `more` sets.
+  template <class Drop>
+  std::string drop(const std::string& schema,
+                   const std::string& name,
+                   std::initializer_list<std::pair<const char*, const char*>> more = {}) {
+    Drop statement(true, m_release);
+    create::TreeFiller f(statement, statement.verb());
+    if (m_options.if_exists) f.Set("IF_EXISTS", "IF EXISTS", "--if-exists");
+    if (!schema.empty()) f.Set("SCHEMA", id(schema, "schema"), "schema");
+    f.Set(Drop::kNameLeaf, id(name, name), name);
+    for (const auto& [leaf, value] : more)
+      f.Set(leaf, value, name);
+    return f.Write();
+  }
   // A statement that loses data: a warning, or a refusal with --fail-on-data-loss.
   void dataLoss(const std::string& what) {
     warn(what);
@@ -401,7 +413,8 @@ void Differ::checkRecreate() {
 Script Differ::recreate() {
   Script script;
   if (m_after.release != m_before.release) script.warnings.push_back(m_script.warnings.front());
-  script.statements.push_back("DROP TABLE " + ifExists() + tableName(m_before) + " CASCADE CONSTRAINTS");
+  script.statements.push_back(
+      drop<CSQLDropTable>(m_before.schema, m_before.name, {{"CASCADE", "CASCADE CONSTRAINTS"}}));
   script.warnings.push_back(tableName(m_before) + " is dropped and created anew: its data is lost (" + m_why +
                             ")");
   if (m_options.fail_on_data_loss) {
@@ -938,9 +951,8 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
     }
     return "";
   };
-  auto qualified = [&](const Index& x) {
-    const std::string schema = x.schema.empty() ? m_before.schema : x.schema;
-    return (schema.empty() ? "" : id(schema, "schema") + ".") + id(x.name, "index " + x.name);
+  auto dropIndex = [&](const Index& x) {
+    return drop<CSQLDropIndex>(x.schema.empty() ? m_before.schema : x.schema, x.name);
   };
   std::vector<Index> toCreate;
   std::set<std::size_t> matched;
@@ -970,7 +982,7 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
            "that a function-based index uses (ORA-30556)");
     }
     if (!sameDefinition(*old, now) || !column.empty()) {
-      dropped.push_back("DROP INDEX " + ifExists() + qualified(*old));
+      dropped.push_back(dropIndex(*old));
       toCreate.push_back(now);
       continue;
     }
@@ -1027,7 +1039,7 @@ void Differ::scriptIndexes(Texts& dropped, Texts& altered, Texts& created) {
     }
   }
   for (std::size_t i = 0; i < m_before.indexes.size(); ++i) {
-    if (matched.count(i) == 0) dropped.push_back("DROP INDEX " + ifExists() + qualified(m_before.indexes[i]));
+    if (matched.count(i) == 0) dropped.push_back(dropIndex(m_before.indexes[i]));
   }
   if (!toCreate.empty()) {
     Texts made = CreateIndexStatements(m_after, toCreate, m_options);

@@ -176,6 +176,15 @@ const std::vector<StatementKind>& StatementKinds() {
       {"CREATE OPERATOR", "CSQLCreateOperator", &statement<CSQLCreateOperator>},
       {"CREATE INDEXTYPE", "CSQLCreateIndexType", &statement<CSQLCreateIndexType>},
       {"ALTER INDEXTYPE", "CSQLAlterIndexType", &statement<CSQLAlterIndexType>},
+      // sequences, and the DROP statements of a schema's objects
+      {"ALTER SEQUENCE", "CSQLAlterSequence", &statement<CSQLAlterSequence>},
+      {"DROP TABLE", "CSQLDropTable", &statement<CSQLDropTable>},
+      {"DROP INDEX", "CSQLDropIndex", &statement<CSQLDropIndex>},
+      {"DROP VIEW", "CSQLDropView", &statement<CSQLDropView>},
+      {"DROP SEQUENCE", "CSQLDropSequence", &statement<CSQLDropSequence>},
+      {"DROP SYNONYM", "CSQLDropSynonym", &statement<CSQLDropSynonym>},
+      {"DROP MATERIALIZED VIEW", "CSQLDropMaterializedView", &statement<CSQLDropMaterializedView>},
+      {"DROP TRIGGER", "CSQLDropTrigger", &statement<CSQLDropTrigger>},
   };
   return kinds;
 }

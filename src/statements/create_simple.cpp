@@ -2,6 +2,7 @@
 
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/core/builder.h"
+#include "sequence_options.h"
 
 namespace qarvelt {
 
@@ -18,11 +19,6 @@ Node qualifiedName(const char* keyword, const char* name) {
 // A leaf whose value is quoted: AS '/data'.
 Node quoted(const char* name, const char* keyword) {
   return leaf(name, keyword, "", "'");
-}
-
-// A keyword leaf (MAXVALUE or NOMAXVALUE) with the number that may follow it.
-Node keywordWithValue(const char* name) {
-  return leaf(name).with(leaf("VALUE"));
 }
 
 // Type and type body: the name after the keyword, then the source text as the host gives it.
@@ -53,15 +49,7 @@ CSQLCreateSequence::CSQLCreateSequence(bool bInit, int nOraVersion) : CreateStat
 }
 
 void CSQLCreateSequence::init() {
-  attach(this,
-         qualifiedName("SEQUENCE", "SEQUENCE"),
-         And(leaf("INCREMENT", "INCREMENT BY "),
-             leaf("START", "START WITH "),
-             keywordWithValue("MAXVALUE"),
-             keywordWithValue("MINVALUE"),
-             leaf("CYCLE"),
-             keywordWithValue("CACHE"),
-             leaf("ORDER")));
+  attach(this, qualifiedName("SEQUENCE", "SEQUENCE"), SequenceOptions(true));
 }
 
 CSQLCreateDirectory::CSQLCreateDirectory(bool bInit, int nOraVersion) : CreateStatement(nOraVersion) {

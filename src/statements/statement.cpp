@@ -26,4 +26,10 @@ int DropEmptyAlter(CSQLClause& root, std::string& text, const char* verb, const 
   return SQL_OK;
 }
 
+int DropNameless(CSQLClause& root, std::string& text, const char* nameLeaf) {
+  CSQLClause* name = root.GetClause(nameLeaf);
+  if (name == nullptr || name->GetValue().empty()) text.clear();
+  return SQL_OK;
+}
+
 }  // namespace qarvelt

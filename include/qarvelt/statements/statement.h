@@ -8,6 +8,10 @@
 // "ALTER TABLE") and, once the tree is written, empties a text that holds nothing but the head:
 // the verb alone, or the verb with "SCHEMA" + "." + the name leaf (Derived::kNameLeaf), or the verb
 // with the name alone (no schema written). An ALTER that alters nothing is never written.
+//
+// DROP statements derive from DropStatement, which opens the text with the verb the class gives
+// (verb(), "DROP TABLE") and writes nothing at all when the name of what is dropped
+// (Derived::kNameLeaf) is not set.
 #ifndef QARVELT_STATEMENTS_STATEMENT_H
 #define QARVELT_STATEMENTS_STATEMENT_H
 
@@ -41,6 +45,22 @@ class AlterStatement : public Cloneable<Derived> {
   }
   int postModifiedSQL(const char* /*path*/, std::string& text) override {
     return DropEmptyAlter(*this, text, Derived::kVerb, Derived::kNameLeaf);
+  }
+  bool writesUnmodified() const override { return true; }
+};
+
+// The DROP head steps.
+int DropNameless(CSQLClause& root, std::string& text, const char* nameLeaf);
+
+template <class Derived>
+class DropStatement : public Cloneable<Derived> {
+ protected:
+  explicit DropStatement(int nOraVersion) : Cloneable<Derived>(nOraVersion) {}
+  int preModifiedSQL(const char* /*path*/, std::string& text) override {
+    return WriteAlterHead(text, static_cast<const Derived*>(this)->verb());
+  }
+  int postModifiedSQL(const char* /*path*/, std::string& text) override {
+    return DropNameless(*this, text, Derived::kNameLeaf);
   }
   bool writesUnmodified() const override { return true; }
 };
