@@ -15,6 +15,7 @@
 
 #include <qarvelt/model/document.h>
 #include <qarvelt/model/error.h>
+#include <qarvelt/model/schema.h>
 #include <qarvelt/model/script.h>
 #include <qarvelt/model/statements.h>
 #include <qarvelt/version.h>
@@ -60,7 +61,9 @@ int main(int argc, char** argv) {
   };
 
   std::string tableFile;
-  auto* create = app.add_subcommand("create", "CREATE TABLE, its indexes and comments from a table document");
+  auto* create = app.add_subcommand("create",
+                                    "CREATE TABLE, its indexes and comments from a table document, or a "
+                                    "whole schema from a schema document");
   create->add_option("TABLE", tableFile, "the table document (JSON)")->required();
   addOutput(create);
   addCase(create);
@@ -107,9 +110,23 @@ int main(int argc, char** argv) {
     Script script;
     bool isScript = true;
     if (*create) {
-      script = Create(ReadTable(readFile(tableFile), tableFile), options);
+      const std::string document = readFile(tableFile);
+      if (IsSchemaDocument(document)) {
+        const Schema schema = ReadSchema(document, tableFile);
+        std::cerr << "qarvelt: " << tableFile << " is a schema document, " << DescribeSchema(schema) << "\n";
+        script = CreateSchema(schema, options);
+      } else {
+        script = Create(ReadTable(document, tableFile), options);
+      }
     } else if (*diff) {
-      script = Diff(ReadTable(readFile(oldFile), oldFile), ReadTable(readFile(newFile), newFile), options);
+      const std::string before = readFile(oldFile), after = readFile(newFile);
+      for (const std::string* file : {&oldFile, &newFile}) {
+        if (IsSchemaDocument(file == &oldFile ? before : after))
+          throw Error(ErrorKind::BadInput,
+                      *file,
+                      "diff takes table documents; schema documents are for create so far");
+      }
+      script = Diff(ReadTable(before, oldFile), ReadTable(after, newFile), options);
     } else if (*render) {
       script = Render(readFile(statementFile), statementFile);
     } else {

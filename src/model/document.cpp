@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "common.h"
+#include "document_reader.h"
 #include "json_reader.h"
 #include "qarvelt/core/clause.h"
 
@@ -372,17 +373,19 @@ int ReadRelease(const std::string& name, const std::string& where) {
                     JoinAlternatives(ReleaseNames()));
 }
 
-Table ReadTable(const std::string& text, const std::string& source) {
-  const Json document = ParseJson(text, source);
-  ObjectReader r(document, source);
-  Table t;
-  t.schema = r.Text("schema");
-  t.name = r.Text("name", true);
+int ReadReleaseKey(ObjectReader& r, int absent) {
   const Json* release = r.Raw("release");
-  if (release != nullptr) {
-    const std::string name = release->is_string() ? release->get<std::string>() : release->dump();
-    t.release = ReadRelease(name, source + ".release");
-  }
+  if (release == nullptr) return absent;
+  const std::string name = release->is_string() ? release->get<std::string>() : release->dump();
+  return ReadRelease(name, r.Where() + ".release");
+}
+
+void ReadTableObject(ObjectReader& r, Table& t) {
+  const std::string source = r.Where();
+  const std::string schema = r.Text("schema");
+  if (!schema.empty()) t.schema = schema;
+  t.name = r.Text("name", true);
+  t.release = ReadReleaseKey(r, t.release);
   t.tablespace = r.Text("tablespace");
   readSegment(r, t.segment);
   t.logging = r.Keyword("logging", "LOGGING", "NOLOGGING");
@@ -421,6 +424,24 @@ Table ReadTable(const std::string& text, const std::string& source) {
   r.Done();
   if (t.columns.empty())
     throw Failure(kExitBadInput, source + ".columns", "a table needs at least one column");
+}
+
+void ReadIndexObject(ObjectReader& r, Index& x) {
+  readIndex(r, x);
+}
+
+std::string ReadChoice(ObjectReader& r,
+                       const char* key,
+                       const std::vector<std::string>& allowed,
+                       bool required) {
+  return choice(r, key, allowed, required);
+}
+
+Table ReadTable(const std::string& text, const std::string& source) {
+  const Json document = ParseJson(text, source);
+  ObjectReader r(document, source);
+  Table t;
+  ReadTableObject(r, t);
   return t;
 }
 

@@ -1,0 +1,97 @@
+// A schema: the tables, sequences, views, materialized views, synonyms, indexes and triggers one
+// schema document describes (see the README), and the script that creates them in an order Oracle
+// accepts.
+//
+//   using namespace qarvelt::model;
+//   Schema app = ReadSchema(text, "app.json");
+//   std::cout << ScriptText(CreateSchema(app));
+#ifndef QARVELT_MODEL_SCHEMA_H
+#define QARVELT_MODEL_SCHEMA_H
+
+#include <string>
+#include <vector>
+
+#include "qarvelt/model/script.h"
+#include "qarvelt/model/table.h"
+
+namespace qarvelt::model {
+
+struct Sequence {
+  std::string name, renamed_from;
+  std::string start_with, increment_by, minvalue, maxvalue;
+  std::string cycle;  // CYCLE, NOCYCLE or ""
+  std::string cache;  // a number, NOCACHE, or ""
+  std::string order;  // ORDER, NOORDER or ""
+};
+
+struct View {
+  std::string name, renamed_from;
+  std::vector<std::string> columns;  // aliases
+  std::string query;
+  bool force = false, read_only = false, check_option = false;
+};
+
+struct MaterializedView {
+  std::string name;
+  std::string query;
+  std::string build;           // IMMEDIATE, DEFERRED or ""
+  std::string refresh_method;  // FAST, COMPLETE, FORCE or ""
+  std::string refresh_on;      // DEMAND, COMMIT or ""
+  std::string query_rewrite;   // ENABLE, DISABLE or ""
+  std::string tablespace;
+};
+
+struct Synonym {
+  std::string name;
+  bool is_public = false;
+  std::string target_schema, target;  // SCHEMA.OBJECT
+  std::string dblink;
+};
+
+struct Trigger {
+  std::string name;
+  std::string timing;               // BEFORE, AFTER or INSTEAD OF
+  std::vector<std::string> events;  // INSERT, DELETE, UPDATE or "UPDATE OF A, B"
+  std::string table;
+  bool for_each_row = false;
+  std::string when;
+  std::string body;     // the PL/SQL block, with its own END;
+  std::string enabled;  // ENABLE, DISABLE or ""
+};
+
+// An index given at schema level, with the table it is on.
+struct SchemaIndex {
+  std::string table;
+  Index index;
+};
+
+struct Schema {
+  std::string name;
+  int release = 10;  // Oracle 19c, when the document names no release
+  std::vector<Table> tables;
+  std::vector<Sequence> sequences;
+  std::vector<View> views;
+  std::vector<MaterializedView> materialized_views;
+  std::vector<Synonym> synonyms;
+  std::vector<SchemaIndex> indexes;
+  std::vector<Trigger> triggers;
+};
+
+// Reads a schema document; `source` names the input in errors (Error, BadInput). A table of the
+// document takes the schema's name and release unless it gives its own.
+Schema ReadSchema(const std::string& text, const std::string& source = "document");
+// True when `text` is a JSON object without "columns" and with one of the object lists ("tables",
+// "sequences", ...): a schema document rather than a table document.
+bool IsSchemaDocument(const std::string& text);
+// What the schema holds, for a note to the user: "schema APP: 2 tables, 1 sequence, 1 view".
+std::string DescribeSchema(const Schema& schema);
+
+// The statements that create the whole schema, in dependency order: sequences; tables in foreign
+// key order, each with its indexes and comments, a foreign key of a cycle added afterwards by ALTER
+// TABLE ... ADD CONSTRAINT; views in the order their queries name each other; materialized views;
+// synonyms; triggers. Throws Error.
+Script CreateSchema(const Schema& schema, const Options& options = {});
+
+}  // namespace qarvelt::model
+
+#endif  // QARVELT_MODEL_SCHEMA_H

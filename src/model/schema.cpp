@@ -1,0 +1,519 @@
+// Schema documents: reading them, and the CREATE script of a whole schema in dependency order.
+#include "qarvelt/model/schema.h"
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+
+#include <qarvelt/qarvelt.h>
+
+#include "commands.h"
+#include "create_support.h"
+#include "document_reader.h"
+#include "identifiers.h"
+
+namespace qarvelt::model {
+
+namespace {
+
+// The keys of a schema document that hold object lists.
+constexpr const char* kObjectLists[] = {
+    "tables", "sequences", "views", "materialized_views", "synonyms", "indexes", "triggers"};
+
+void readSequence(ObjectReader& r, Sequence& s) {
+  s.name = r.Text("name", true);
+  s.renamed_from = r.Text("renamed_from");
+  s.start_with = r.Text("start_with");
+  s.increment_by = r.Text("increment_by");
+  s.minvalue = r.Text("minvalue");
+  s.maxvalue = r.Text("maxvalue");
+  s.cycle = r.Keyword("cycle", "CYCLE", "NOCYCLE");
+  s.order = r.Keyword("order", "ORDER", "NOORDER");
+  if (const Json* cache = r.Raw("cache"); cache != nullptr && cache->is_boolean()) {
+    if (cache->get<bool>()) r.Fail("cache", "give the number of values to cache, or false");
+    s.cache = "NOCACHE";
+  } else {
+    s.cache = r.Text("cache");
+  }
+}
+
+void readView(ObjectReader& r, View& v) {
+  v.name = r.Text("name", true);
+  v.renamed_from = r.Text("renamed_from");
+  v.columns = r.Texts("columns");
+  v.query = r.Text("query", true);
+  v.force = r.Flag("force") == 1;
+  v.read_only = r.Flag("read_only") == 1;
+  v.check_option = r.Flag("check_option") == 1;
+  if (v.read_only && v.check_option) r.Fail("check_option", "a view is either read only or checked");
+}
+
+void readMaterializedView(ObjectReader& r, MaterializedView& m) {
+  m.name = r.Text("name", true);
+  m.query = r.Text("query", true);
+  m.build = ReadChoice(r, "build", {"IMMEDIATE", "DEFERRED"});
+  r.Object("refresh", [&](ObjectReader& f) {
+    m.refresh_method = ReadChoice(f, "method", {"FAST", "COMPLETE", "FORCE"});
+    m.refresh_on = ReadChoice(f, "on", {"DEMAND", "COMMIT"});
+  });
+  m.query_rewrite = r.Keyword("query_rewrite", "ENABLE", "DISABLE");
+  m.tablespace = r.Text("tablespace");
+}
+
+void readSynonym(ObjectReader& r, Synonym& s) {
+  s.name = r.Text("name", true);
+  s.is_public = r.Flag("public") == 1;
+  const std::string target = r.Text("target", true);
+  const auto dot = target.find('.');
+  s.target_schema = dot == std::string::npos ? "" : target.substr(0, dot);
+  s.target = dot == std::string::npos ? target : target.substr(dot + 1);
+  if (s.target.empty() || target.find('.', dot == std::string::npos ? 0 : dot + 1) != std::string::npos)
+    r.Fail("target", "expected OBJECT or SCHEMA.OBJECT, got \"" + target + "\"");
+  s.dblink = r.Text("dblink");
+}
+
+void readTrigger(ObjectReader& r, Trigger& t) {
+  t.name = r.Text("name", true);
+  t.timing = ReadChoice(r, "timing", {"BEFORE", "AFTER", "INSTEAD OF"}, true);
+  for (std::string event : r.Texts("events", true)) {
+    std::transform(event.begin(), event.end(), event.begin(), [](unsigned char c) {
+      return static_cast<char>(std::toupper(c));
+    });
+    const bool update = event == "UPDATE" || event.rfind("UPDATE OF ", 0) == 0;
+    if (event != "INSERT" && event != "DELETE" && !update)
+      r.Fail("events", "\"" + event + "\" is not insert, delete, update or update of COLUMNS");
+    t.events.push_back(event);
+  }
+  if (t.events.empty()) r.Fail("events", "missing (a trigger fires on at least one event)");
+  t.table = r.Text("table", true);
+  t.for_each_row = r.Flag("for_each_row") == 1;
+  t.when = r.Text("when");
+  t.body = r.Text("body", true);
+  t.enabled = r.Keyword("enabled", "ENABLE", "DISABLE");
+}
+
+// The names a query or condition mentions, in upper case, outside string literals and quoted
+// names (which are kept as they are).
+std::set<std::string> namesIn(const std::string& text) {
+  std::set<std::string> names;
+  for (std::size_t i = 0; i < text.size();) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c == '\'' || c == '"') {
+      const std::size_t end = text.find(static_cast<char>(c), i + 1);
+      if (c == '"')
+        names.insert(text.substr(i + 1, end == std::string::npos ? std::string::npos : end - i - 1));
+      i = end == std::string::npos ? text.size() : end + 1;
+    } else if (std::isalpha(c) != 0) {
+      std::string word;
+      while (i < text.size() && (std::isalnum(static_cast<unsigned char>(text[i])) != 0 || text[i] == '_' ||
+                                 text[i] == '$' || text[i] == '#')) {
+        word += static_cast<char>(std::toupper(static_cast<unsigned char>(text[i])));
+        ++i;
+      }
+      names.insert(word);
+    } else {
+      ++i;
+    }
+  }
+  return names;
+}
+
+// Orders items so that each comes after those it depends on (their positions), keeping the
+// document's order otherwise. When none is ready (a cycle), `breakCycle` chooses to place the first
+// one left anyway, and returns false when that is not allowed.
+std::vector<std::size_t> dependencyOrder(
+    std::size_t count,
+    const std::function<std::set<std::size_t>(std::size_t)>& dependsOn,
+    const std::function<void(std::size_t, const std::set<std::size_t>&)>& breakCycle) {
+  std::vector<std::size_t> order;
+  std::vector<bool> placed(count, false);
+  while (order.size() < count) {
+    bool progress = false;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (placed[i]) continue;
+      const std::set<std::size_t> needs = dependsOn(i);
+      if (std::all_of(needs.begin(), needs.end(), [&](std::size_t n) { return n == i || placed[n]; })) {
+        placed[i] = true;
+        order.push_back(i);
+        progress = true;
+        break;
+      }
+    }
+    if (progress) continue;
+    // The first item that waits, through others that wait, on itself: a member of a cycle rather
+    // than an item that only waits on one.
+    auto onCycle = [&](std::size_t start) {
+      std::vector<std::size_t> todo{start};
+      std::set<std::size_t> seen;
+      while (!todo.empty()) {
+        const std::size_t at = todo.back();
+        todo.pop_back();
+        for (std::size_t n : dependsOn(at)) {
+          if (n == start && at != start) return true;
+          if (n == start || placed[n] || !seen.insert(n).second) continue;
+          todo.push_back(n);
+        }
+      }
+      return false;
+    };
+    std::size_t first = 0;
+    while (placed[first] || !onCycle(first))
+      ++first;
+    std::set<std::size_t> waiting;
+    for (std::size_t n : dependsOn(first)) {
+      if (n != first && !placed[n]) waiting.insert(n);
+    }
+    breakCycle(first, waiting);
+    placed[first] = true;
+    order.push_back(first);
+  }
+  return order;
+}
+
+class SchemaWriter {
+ public:
+  SchemaWriter(const Schema& schema, const Options& options)
+      : m_schema(schema), m_options(options), m_release(schema.release) {}
+
+  Script Run();
+
+ private:
+  std::string id(const std::string& name, const std::string& where) const {
+    return Identifier(fold(name), m_release, m_options.quote_all, where);
+  }
+  std::string fold(const std::string& name) const { return m_options.preserve_case ? name : FoldName(name); }
+  void qualify(create::TreeFiller& f,
+               const char* schemaLeaf,
+               const char* nameLeaf,
+               const std::string& name,
+               const std::string& where) {
+    if (!m_schema.name.empty()) f.Set(schemaLeaf, id(m_schema.name, "schema"), "schema");
+    f.Set(nameLeaf, id(name, where + ".name"), where + ".name");
+  }
+  void add(Script& script, const Script& part) {
+    script.statements.insert(script.statements.end(), part.statements.begin(), part.statements.end());
+    script.warnings.insert(script.warnings.end(), part.warnings.begin(), part.warnings.end());
+  }
+
+  std::string sequence(const Sequence& s, const std::string& where);
+  std::string view(const View& v, const std::string& where);
+  std::string materializedView(const MaterializedView& m, const std::string& where);
+  std::string synonym(const Synonym& s, const std::string& where);
+  std::string trigger(const Trigger& t, const std::string& where);
+  void tables(Script& script);
+
+  const Schema& m_schema;
+  const Options& m_options;
+  int m_release;
+};
+
+std::string SchemaWriter::sequence(const Sequence& s, const std::string& where) {
+  CSQLCreateSequence statement(true, m_release);
+  create::TreeFiller f(statement, "CREATE SEQUENCE");
+  qualify(f, "SCHEMA", "SEQUENCE", s.name, where);
+  for (const auto& [leaf, value, key] :
+       {std::tuple<const char*, std::string, const char*>{"INCREMENT", s.increment_by, "increment_by"},
+        {"START", s.start_with, "start_with"},
+        {"MAXVALUE;VALUE", s.maxvalue, "maxvalue"},
+        {"MINVALUE;VALUE", s.minvalue, "minvalue"}}) {
+    create::CheckNumber(value, -999999999999999999, 999999999999999999, where + "." + key);
+    f.Set(leaf, value, where + "." + key);
+  }
+  f.Set("MAXVALUE", s.maxvalue.empty() ? "" : "MAXVALUE", where + ".maxvalue");
+  f.Set("MINVALUE", s.minvalue.empty() ? "" : "MINVALUE", where + ".minvalue");
+  f.Set("CYCLE", s.cycle, where + ".cycle");
+  if (s.cache == "NOCACHE") {
+    f.Set("CACHE", "NOCACHE", where + ".cache");
+  } else if (!s.cache.empty()) {
+    create::CheckNumber(s.cache, 2, 999999999999999999, where + ".cache");
+    f.Set("CACHE", "CACHE", where + ".cache");
+    f.Set("CACHE;VALUE", s.cache, where + ".cache");
+  }
+  f.Set("ORDER", s.order, where + ".order");
+  return f.Write();
+}
+
+std::string SchemaWriter::view(const View& v, const std::string& where) {
+  CSQLCreateView statement(true, m_release);
+  create::TreeFiller f(statement, "CREATE VIEW");
+  f.Set("FORCE", v.force ? "FORCE" : "", where + ".force");
+  qualify(f, "SCHEMA", "VIEW", v.name, where);
+  for (std::size_t i = 0; i < v.columns.size(); ++i) {
+    const std::string item = "A" + std::to_string(i + 1);
+    f.Add("C_VIEW_ALIAS;LIST",
+          std::make_unique<CSQLCreateView::CSubSQLItemAlias>(item.c_str(), m_release),
+          where);
+    f.Set("C_VIEW_ALIAS;LIST;" + item + ";ALIAS", id(v.columns[i], where + ".columns"), where + ".columns");
+  }
+  f.Set("SUBQUERY", v.query, where + ".query");
+  f.Set("READ", v.read_only ? "READ" : "", where + ".read_only");
+  f.Set("CHECK", v.check_option ? "CHECK" : "", where + ".check_option");
+  return f.Write();
+}
+
+std::string SchemaWriter::materializedView(const MaterializedView& m, const std::string& where) {
+  CSQLCreateMaterializedView statement(true, m_release);
+  create::TreeFiller f(statement, "CREATE MATERIALIZED VIEW");
+  qualify(f, "SCHEMA", "MVIEW", m.name, where);
+  f.Set("C_MV_PHYSICAL_PROP;C_SEG_ATTRIBUTE;TABLESPACE",
+        m.tablespace.empty() ? "" : id(m.tablespace, where),
+        where + ".tablespace");
+  if (!m.build.empty()) create::RequireRelease(m_release, 2, where + ".build", "BUILD IMMEDIATE or DEFERRED");
+  f.Set("BUILD", m.build, where + ".build");
+  f.Set("C_REFRESH;FAST", m.refresh_method, where + ".refresh.method");
+  if (!m.refresh_on.empty())
+    create::RequireRelease(m_release, 2, where + ".refresh.on", "REFRESH ON DEMAND or COMMIT");
+  f.Set("C_REFRESH;ON", m.refresh_on, where + ".refresh.on");
+  if (!m.query_rewrite.empty())
+    create::RequireRelease(m_release, 2, where + ".query_rewrite", "QUERY REWRITE");
+  f.Set("REWRITE", m.query_rewrite, where + ".query_rewrite");
+  f.Set("AS", m.query, where + ".query");
+  return f.Write();
+}
+
+std::string SchemaWriter::synonym(const Synonym& s, const std::string& where) {
+  CSQLCreateSynonym statement(true, m_release);
+  create::TreeFiller f(statement, "CREATE SYNONYM");
+  if (s.is_public) {
+    f.Set("PUBLIC", "PUBLIC", where + ".public");
+    f.Set("SYNONYM", id(s.name, where + ".name"), where + ".name");
+  } else {
+    qualify(f, "SCHEMA", "SYNONYM", s.name, where);
+  }
+  const std::string targetSchema = s.target_schema.empty() ? m_schema.name : s.target_schema;
+  if (!targetSchema.empty()) f.Set("SCHEMA2", id(targetSchema, where + ".target"), where + ".target");
+  f.Set("OBJECT", id(s.target, where + ".target"), where + ".target");
+  f.Set("DBLINK", s.dblink, where + ".dblink");
+  return f.Write();
+}
+
+std::string SchemaWriter::trigger(const Trigger& t, const std::string& where) {
+  CSQLCreateTrigger statement(true, m_release);
+  create::TreeFiller f(statement, "CREATE TRIGGER");
+  qualify(f, "SCHEMA", "TRIGGER", t.name, where);
+  if (t.timing == "INSTEAD OF") {
+    create::RequireRelease(m_release, 1, where + ".timing", "an INSTEAD OF trigger");
+    f.Set("INSTEAD", "INSTEAD", where + ".timing");
+  } else {
+    f.Set(t.timing, t.timing, where + ".timing");
+  }
+  for (std::size_t i = 0; i < t.events.size(); ++i) {
+    const std::string item = "E" + std::to_string(i + 1), path = "C_DML_EVENT;LIST;" + item;
+    const std::string& event = t.events[i];
+    f.Add("C_DML_EVENT;LIST",
+          std::make_unique<CSQLCreateTrigger::CSubSQLItemEvent>(item.c_str()),
+          where + ".events");
+    f.Set(path + ";EVENT", event.substr(0, event.find(' ')), where + ".events");
+    if (event.rfind("UPDATE OF ", 0) == 0) {
+      std::vector<std::string> columns;
+      std::string rest = event.substr(10);
+      for (std::size_t at = 0; at <= rest.size();) {
+        const std::size_t comma = std::min(rest.find(',', at), rest.size());
+        std::string column = rest.substr(at, comma - at);
+        column.erase(0, column.find_first_not_of(' '));
+        column.erase(column.find_last_not_of(' ') + 1);
+        if (column.empty()) create::Refuse(where + ".events", "\"" + event + "\" names an empty column");
+        columns.push_back(id(column, where + ".events"));
+        at = comma + 1;
+      }
+      f.AddTexts(path + ";EVENT;LIST", columns, where + ".events");
+    }
+  }
+  if (!m_schema.name.empty()) f.Set("C_DML_EVENT;SCHEMA", id(m_schema.name, "schema"), "schema");
+  f.Set("C_DML_EVENT;TABLE", id(t.table, where + ".table"), where + ".table");
+  f.Set("C_DML_EVENT;ROW", t.for_each_row ? "ROW" : "", where + ".for_each_row");
+  if (!t.enabled.empty())
+    create::RequireRelease(m_release, 7, where + ".enabled", "ENABLE or DISABLE in CREATE TRIGGER");
+  f.Set("ENABLE", t.enabled, where + ".enabled");
+  f.Set("WHEN", t.when, where + ".when");
+  f.Set("BODY", t.body, where + ".body");
+  return f.Write();
+}
+
+// Tables in foreign key order. A foreign key to a table that comes later (a cycle) is left out of
+// its CREATE TABLE and added by ALTER TABLE once every table is there.
+void SchemaWriter::tables(Script& script) {
+  std::vector<Table> tables = m_schema.tables;
+  std::map<std::string, std::size_t> byName;
+  for (std::size_t i = 0; i < tables.size(); ++i) {
+    if (!byName.emplace(fold(tables[i].name), i).second)
+      throw Failure(
+          kExitBadInput, "tables[" + std::to_string(i) + "].name", "a second table " + tables[i].name);
+  }
+  for (std::size_t i = 0; i < m_schema.indexes.size(); ++i) {
+    const auto found = byName.find(fold(m_schema.indexes[i].table));
+    if (found == byName.end()) {
+      throw Failure(kExitBadInput,
+                    "indexes[" + std::to_string(i) + "].table",
+                    "no table " + m_schema.indexes[i].table + " in the document");
+    }
+    tables[found->second].indexes.push_back(m_schema.indexes[i].index);
+  }
+  for (Table& table : tables)
+    table = ResolveNames(table, m_options.preserve_case);
+  // Table position -> positions of its foreign keys to each referenced table of the document.
+  auto references = [&](std::size_t t) {
+    std::map<std::size_t, std::vector<std::size_t>> out;
+    const Table& table = tables[t];
+    for (std::size_t c = 0; c < table.constraints.size(); ++c) {
+      const Constraint& k = table.constraints[c];
+      if (k.type != "FOREIGN KEY" || (!k.ref_schema.empty() && k.ref_schema != table.schema)) continue;
+      const auto found = byName.find(k.ref_table);
+      if (found != byName.end() && found->second != t) out[found->second].push_back(c);
+    }
+    return out;
+  };
+  std::map<std::size_t, std::vector<std::size_t>> deferred;  // table -> its foreign keys added later
+  const std::vector<std::size_t> order = dependencyOrder(
+      tables.size(),
+      [&](std::size_t t) {
+        std::set<std::size_t> needs;
+        for (const auto& [target, keys] : references(t)) {
+          const std::vector<std::size_t>& late = deferred[t];
+          if (std::any_of(keys.begin(), keys.end(), [&](std::size_t k) {
+                return std::find(late.begin(), late.end(), k) == late.end();
+              }))
+            needs.insert(target);
+        }
+        return needs;
+      },
+      [&](std::size_t t, const std::set<std::size_t>& waiting) {
+        for (const auto& [target, keys] : references(t)) {
+          if (waiting.count(target) != 0) deferred[t].insert(deferred[t].end(), keys.begin(), keys.end());
+        }
+      });
+  for (std::size_t t : order) {
+    Table created = tables[t];
+    const std::vector<std::size_t>& late = deferred[t];
+    created.constraints.clear();
+    for (std::size_t c = 0; c < tables[t].constraints.size(); ++c) {
+      if (std::find(late.begin(), late.end(), c) == late.end())
+        created.constraints.push_back(tables[t].constraints[c]);
+    }
+    Options options = m_options;
+    options.preserve_case = true;  // the names are resolved already
+    add(script, Create(created, options));
+  }
+  for (std::size_t t : order) {
+    if (deferred[t].empty()) continue;
+    Options options = m_options;
+    options.preserve_case = true;
+    for (const std::string& text : AddConstraintStatements(tables[t], deferred[t], options))
+      script.statements.push_back(text);
+  }
+}
+
+Script SchemaWriter::Run() {
+  if (m_release < 0 || m_release > kNewestRelease) create::Refuse("release", "unknown release code");
+  const bool others = !m_schema.sequences.empty() || !m_schema.views.empty() ||
+                      !m_schema.materialized_views.empty() || !m_schema.synonyms.empty() ||
+                      !m_schema.triggers.empty();
+  if (m_options.if_exists && others)
+    create::Refuse("--if-exists",
+                   "IF NOT EXISTS is written for tables and indexes only; the schema holds other objects");
+  Script script;
+  for (std::size_t i = 0; i < m_schema.sequences.size(); ++i)
+    script.statements.push_back(sequence(m_schema.sequences[i], "sequences[" + std::to_string(i) + "]"));
+  tables(script);
+  // Views after the views their queries name.
+  std::map<std::string, std::size_t> views;
+  for (std::size_t i = 0; i < m_schema.views.size(); ++i)
+    views.emplace(fold(m_schema.views[i].name), i);
+  const std::vector<std::size_t> viewOrder = dependencyOrder(
+      m_schema.views.size(),
+      [&](std::size_t v) {
+        std::set<std::size_t> needs;
+        for (const std::string& name : namesIn(m_schema.views[v].query)) {
+          const auto found = views.find(name);
+          if (found != views.end()) needs.insert(found->second);
+        }
+        return needs;
+      },
+      [&](std::size_t v, const std::set<std::size_t>&) {
+        throw Failure(kExitBadInput,
+                      "views[" + std::to_string(v) + "].query",
+                      "view " + m_schema.views[v].name + " is part of a cycle of views naming each other");
+      });
+  for (std::size_t v : viewOrder)
+    script.statements.push_back(view(m_schema.views[v], "views[" + std::to_string(v) + "]"));
+  for (std::size_t i = 0; i < m_schema.materialized_views.size(); ++i) {
+    script.statements.push_back(
+        materializedView(m_schema.materialized_views[i], "materialized_views[" + std::to_string(i) + "]"));
+  }
+  for (std::size_t i = 0; i < m_schema.synonyms.size(); ++i)
+    script.statements.push_back(synonym(m_schema.synonyms[i], "synonyms[" + std::to_string(i) + "]"));
+  for (std::size_t i = 0; i < m_schema.triggers.size(); ++i)
+    script.statements.push_back(trigger(m_schema.triggers[i], "triggers[" + std::to_string(i) + "]"));
+  return script;
+}
+
+}  // namespace
+
+bool IsSchemaDocument(const std::string& text) {
+  const Json document = Json::parse(text, nullptr, false);
+  // A table document has columns (and may have indexes); a schema document has neither columns nor
+  // a table's name.
+  if (!document.is_object() || document.contains("columns")) return false;
+  return std::any_of(std::begin(kObjectLists), std::end(kObjectLists), [&](const char* key) {
+    return document.contains(key);
+  });
+}
+
+std::string DescribeSchema(const Schema& schema) {
+  std::string text = "schema " + (schema.name.empty() ? std::string("(unnamed)") : schema.name) + ":";
+  const std::pair<std::size_t, const char*> counts[] = {
+      {schema.tables.size(), "table"},
+      {schema.sequences.size(), "sequence"},
+      {schema.views.size(), "view"},
+      {schema.materialized_views.size(), "materialized view"},
+      {schema.synonyms.size(), "synonym"},
+      {schema.indexes.size(), "schema-level index"},
+      {schema.triggers.size(), "trigger"}};
+  const char* separator = " ";
+  for (const auto& [count, what] : counts) {
+    if (count == 0) continue;
+    text += separator + std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+    separator = ", ";
+  }
+  return text;
+}
+
+Schema ReadSchema(const std::string& text, const std::string& source) {
+  const Json document = ParseJson(text, source);
+  ObjectReader r(document, source);
+  Schema s;
+  s.name = r.Text("schema");
+  s.release = ReadReleaseKey(r, s.release);
+  r.Each("tables", [&](ObjectReader& t) {
+    Table table;
+    table.schema = s.name;
+    table.release = s.release;
+    ReadTableObject(t, table);
+    if (table.release != s.release)
+      t.Fail("release", "a table of a schema document has the schema's release");
+    if (table.schema != s.name) t.Fail("schema", "a table of a schema document is in the schema " + s.name);
+    s.tables.push_back(std::move(table));
+  });
+  r.Each("sequences", [&](ObjectReader& o) { readSequence(o, s.sequences.emplace_back()); });
+  r.Each("views", [&](ObjectReader& o) { readView(o, s.views.emplace_back()); });
+  r.Each("materialized_views",
+         [&](ObjectReader& o) { readMaterializedView(o, s.materialized_views.emplace_back()); });
+  r.Each("synonyms", [&](ObjectReader& o) { readSynonym(o, s.synonyms.emplace_back()); });
+  r.Each("indexes", [&](ObjectReader& o) {
+    SchemaIndex& x = s.indexes.emplace_back();
+    x.table = o.Text("table", true);
+    ReadIndexObject(o, x.index);
+  });
+  r.Each("triggers", [&](ObjectReader& o) { readTrigger(o, s.triggers.emplace_back()); });
+  r.Done();
+  return s;
+}
+
+Script CreateSchema(const Schema& schema, const Options& options) {
+  return SchemaWriter(schema, options).Run();
+}
+
+}  // namespace qarvelt::model

@@ -1,0 +1,106 @@
+// Schema documents: reading, and the order of the CREATE script of a whole schema.
+#include <gtest/gtest.h>
+
+#include <qarvelt/model/error.h>
+#include <qarvelt/model/schema.h>
+
+#include <string>
+#include <vector>
+
+namespace qarvelt::model {
+namespace {
+
+// The position of the first statement that starts with `head`, or -1.
+int at(const Script& script, const std::string& head) {
+  for (std::size_t i = 0; i < script.statements.size(); ++i) {
+    if (script.statements[i].rfind(head, 0) == 0) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+std::string table(const std::string& name, const std::vector<std::string>& references) {
+  std::string constraints;
+  for (const std::string& target : references) {
+    constraints += std::string(constraints.empty() ? "" : ",") + R"({"name": ")" + name + "_" + target +
+                   R"(_FK", "type": "foreign key", "columns": ["ID"], "references": {"table": ")" + target +
+                   R"(", "columns": ["ID"]}})";
+  }
+  return R"({"name": ")" + name + R"(", "columns": [{"name": "ID", "type": "NUMBER"}], "constraints": [)" +
+         constraints + "]}";
+}
+
+TEST(Schema, TablesFollowTheTablesTheyReference) {
+  // C -> B -> A, written in the reverse order; D references itself.
+  const Schema schema = ReadSchema(R"({"tables": [)" + table("C", {"B"}) + "," + table("B", {"A"}) + "," +
+                                   table("A", {}) + "," + table("D", {"D"}) + "]}");
+  const Script script = CreateSchema(schema);
+  EXPECT_LT(at(script, "CREATE TABLE A "), at(script, "CREATE TABLE B "));
+  EXPECT_LT(at(script, "CREATE TABLE B "), at(script, "CREATE TABLE C "));
+  EXPECT_EQ(at(script, "ALTER TABLE"), -1);  // no cycle, nothing added afterwards
+  EXPECT_NE(script.statements[static_cast<std::size_t>(at(script, "CREATE TABLE D "))].find("REFERENCES D"),
+            std::string::npos);
+}
+
+TEST(Schema, ACycleOfForeignKeysIsBrokenOnceAtAMemberOfTheCycle) {
+  // X only waits on the cycle Y <-> Z: the foreign key left for later is one of Y's, not X's.
+  const Schema schema = ReadSchema(R"({"tables": [)" + table("X", {"Y"}) + "," + table("Y", {"Z"}) + "," +
+                                   table("Z", {"Y"}) + "]}");
+  const Script script = CreateSchema(schema);
+  ASSERT_EQ(script.statements.size(), 4U);
+  EXPECT_EQ(script.statements[3], "ALTER TABLE Y ADD CONSTRAINT Y_Z_FK FOREIGN KEY (ID) REFERENCES Z (ID)");
+  EXPECT_LT(at(script, "CREATE TABLE Y "), at(script, "CREATE TABLE X "));
+  EXPECT_EQ(script.statements[static_cast<std::size_t>(at(script, "CREATE TABLE Y "))].find("Y_Z_FK"),
+            std::string::npos);
+}
+
+TEST(Schema, ObjectsComeInTheirKindsOrder) {
+  const Schema schema = ReadSchema(R"({"schema": "s", "release": "11g",
+    "triggers": [{"name": "t_bi", "timing": "before", "events": ["insert"], "table": "t",
+                  "body": "BEGIN NULL; END;"}],
+    "synonyms": [{"name": "v2s", "target": "v2"}],
+    "views": [{"name": "v2", "query": "SELECT * FROM v1"}, {"name": "v1", "query": "SELECT * FROM \"T\""}],
+    "tables": [{"name": "t", "columns": [{"name": "id", "type": "NUMBER"}]}],
+    "sequences": [{"name": "q"}]})");
+  const Script script = CreateSchema(schema);
+  const std::vector<std::string> heads = {"CREATE SEQUENCE S.Q",
+                                          "CREATE TABLE S.T ",
+                                          "CREATE VIEW S.V1 ",
+                                          "CREATE VIEW S.V2 ",
+                                          "CREATE SYNONYM S.V2S FOR S.V2",
+                                          "CREATE TRIGGER S.T_BI BEFORE INSERT ON S.T BEGIN NULL; END;"};
+  ASSERT_EQ(script.statements.size(), heads.size());
+  for (std::size_t i = 0; i < heads.size(); ++i)
+    EXPECT_EQ(script.statements[i].rfind(heads[i], 0), 0U) << script.statements[i];
+}
+
+TEST(Schema, MistakesAreRefusedWithTheirPlace) {
+  struct Case {
+    const char* document;
+    const char* where;
+  } const cases[] = {
+      {R"({"tables": [], "sequence": []})", "document"},  // an unknown key
+      {R"({"indexes": [{"table": "nope", "name": "i", "columns": ["a"]}]})", "indexes[0].table"},
+      {R"({"views": [{"name": "a", "query": "SELECT * FROM b"}, {"name": "b", "query": "SELECT * FROM a"}]})",
+       "views[0].query"},
+      {R"({"synonyms": [{"name": "s", "target": "a.b.c"}]})", "document.synonyms[0]"},
+      {R"({"triggers": [{"name": "t", "timing": "before", "events": ["merge"], "table": "x", "body": "B"}]})",
+       "document.triggers[0]"},
+      {R"({"schema": "s", "tables": [{"name": "t", "schema": "other", "columns": [{"name": "a", "type": "DATE"}]}]})",
+       "document.tables[0]"},
+  };
+  for (const Case& c : cases) {
+    try {
+      CreateSchema(ReadSchema(c.document));
+      ADD_FAILURE() << c.document;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::BadInput) << c.document;
+      EXPECT_EQ(std::string(error.what()).rfind(c.where, 0), 0U) << error.what();
+    }
+  }
+  EXPECT_TRUE(IsSchemaDocument(R"({"views": []})"));
+  EXPECT_FALSE(IsSchemaDocument(R"({"name": "T", "columns": [], "indexes": []})"));
+  EXPECT_FALSE(IsSchemaDocument("not json"));
+}
+
+}  // namespace
+}  // namespace qarvelt::model
