@@ -1597,6 +1597,12 @@ Script Differ::alter() {
 }  // namespace
 
 Script Diff(const Table& before, const Table& after, const Options& options) {
+  if (!after.renamed_from.empty() && after.renamed_from != before.name) {
+    throw Failure(
+        kExitBadInput,
+        "renamed_from",
+        "the new table is renamed from " + after.renamed_from + ", but the old one is " + before.name);
+  }
   const Table oldTable = ResolveNames(before, options.preserve_case);
   const Table newTable = ResolveNames(after, options.preserve_case);
   return Differ(oldTable, newTable, options).run();

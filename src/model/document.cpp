@@ -385,6 +385,7 @@ void ReadTableObject(ObjectReader& r, Table& t) {
   const std::string schema = r.Text("schema");
   if (!schema.empty()) t.schema = schema;
   t.name = r.Text("name", true);
+  t.renamed_from = r.Text("renamed_from");
   t.release = ReadReleaseKey(r, t.release);
   t.tablespace = r.Text("tablespace");
   readSegment(r, t.segment);

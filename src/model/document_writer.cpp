@@ -250,6 +250,7 @@ std::string WriteTable(const Table& t) {
   Object o = Object::object();
   text(o, "schema", t.schema);
   text(o, "name", t.name);
+  text(o, "renamed_from", t.renamed_from);
   o["release"] = t.release;
   text(o, "comment", t.comment);
   text(o, "tablespace", t.tablespace);

@@ -14,6 +14,7 @@
 #include "create_support.h"
 #include "document_reader.h"
 #include "identifiers.h"
+#include "schema_support.h"
 
 namespace qarvelt::model {
 
@@ -95,9 +96,9 @@ void readTrigger(ObjectReader& r, Trigger& t) {
   t.enabled = r.Keyword("enabled", "ENABLE", "DISABLE");
 }
 
-// The names a query or condition mentions, in upper case, outside string literals and quoted
-// names (which are kept as they are).
-std::set<std::string> namesIn(const std::string& text) {
+}  // namespace
+
+std::set<std::string> NamesIn(const std::string& text) {
   std::set<std::string> names;
   for (std::size_t i = 0; i < text.size();) {
     const auto c = static_cast<unsigned char>(text[i]);
@@ -121,99 +122,120 @@ std::set<std::string> namesIn(const std::string& text) {
   return names;
 }
 
-// Orders items so that each comes after those it depends on (their positions), keeping the
-// document's order otherwise. When none is ready (a cycle), `breakCycle` chooses to place the first
-// one left anyway, and returns false when that is not allowed.
-std::vector<std::size_t> dependencyOrder(
+std::vector<std::size_t> DependencyOrder(
     std::size_t count,
     const std::function<std::set<std::size_t>(std::size_t)>& dependsOn,
     const std::function<void(std::size_t, const std::set<std::size_t>&)>& breakCycle) {
+  std::vector<std::set<std::size_t>> needs(count);
+  std::vector<std::vector<std::size_t>> dependants(count);
+  std::vector<std::size_t> missing(count);
+  std::set<std::size_t> ready;
+  for (std::size_t i = 0; i < count; ++i) {
+    needs[i] = dependsOn(i);
+    needs[i].erase(i);
+    for (std::size_t n : needs[i])
+      dependants[n].push_back(i);
+    missing[i] = needs[i].size();
+    if (missing[i] == 0) ready.insert(i);
+  }
   std::vector<std::size_t> order;
   std::vector<bool> placed(count, false);
-  while (order.size() < count) {
-    bool progress = false;
-    for (std::size_t i = 0; i < count; ++i) {
-      if (placed[i]) continue;
-      const std::set<std::size_t> needs = dependsOn(i);
-      if (std::all_of(needs.begin(), needs.end(), [&](std::size_t n) { return n == i || placed[n]; })) {
-        placed[i] = true;
-        order.push_back(i);
-        progress = true;
-        break;
+  auto place = [&](std::size_t i) {
+    placed[i] = true;
+    order.push_back(i);
+    for (std::size_t d : dependants[i]) {
+      if (!placed[d] && --missing[d] == 0) ready.insert(d);
+    }
+  };
+  // Whether `start` waits, through items that wait, on itself.
+  auto onCycle = [&](std::size_t start) {
+    std::vector<std::size_t> todo{start};
+    std::set<std::size_t> seen;
+    while (!todo.empty()) {
+      const std::size_t at = todo.back();
+      todo.pop_back();
+      for (std::size_t n : needs[at]) {
+        if (n == start) return true;
+        if (!placed[n] && seen.insert(n).second) todo.push_back(n);
       }
     }
-    if (progress) continue;
-    // The first item that waits, through others that wait, on itself: a member of a cycle rather
-    // than an item that only waits on one.
-    auto onCycle = [&](std::size_t start) {
-      std::vector<std::size_t> todo{start};
-      std::set<std::size_t> seen;
-      while (!todo.empty()) {
-        const std::size_t at = todo.back();
-        todo.pop_back();
-        for (std::size_t n : dependsOn(at)) {
-          if (n == start && at != start) return true;
-          if (n == start || placed[n] || !seen.insert(n).second) continue;
-          todo.push_back(n);
-        }
-      }
-      return false;
-    };
+    return false;
+  };
+  while (order.size() < count) {
+    if (!ready.empty()) {
+      const std::size_t next = *ready.begin();
+      ready.erase(ready.begin());
+      place(next);
+      continue;
+    }
     std::size_t first = 0;
     while (placed[first] || !onCycle(first))
       ++first;
     std::set<std::size_t> waiting;
-    for (std::size_t n : dependsOn(first)) {
-      if (n != first && !placed[n]) waiting.insert(n);
+    for (std::size_t n : needs[first]) {
+      if (!placed[n]) waiting.insert(n);
     }
     breakCycle(first, waiting);
-    placed[first] = true;
-    order.push_back(first);
+    place(first);
   }
   return order;
 }
 
-class SchemaWriter {
- public:
-  SchemaWriter(const Schema& schema, const Options& options)
-      : m_schema(schema), m_options(options), m_release(schema.release) {}
+ObjectWriter::ObjectWriter(std::string schema, int release, const Options& options)
+    : m_schema(std::move(schema)), m_release(release), m_options(options) {}
 
-  Script Run();
+std::string ObjectWriter::Fold(const std::string& name) const {
+  return m_options.preserve_case ? name : FoldName(name);
+}
 
- private:
-  std::string id(const std::string& name, const std::string& where) const {
-    return Identifier(fold(name), m_release, m_options.quote_all, where);
+std::string ObjectWriter::Id(const std::string& name, const std::string& where) const {
+  return Identifier(Fold(name), m_release, m_options.quote_all, where);
+}
+
+// The schema, when there is one, and the object's name.
+void ObjectWriter::qualify(create::TreeFiller& f,
+                           const char* nameLeaf,
+                           const std::string& name,
+                           const std::string& where) const {
+  if (!m_schema.empty()) f.Set("SCHEMA", Id(m_schema, "schema"), "schema");
+  f.Set(nameLeaf, Id(name, where + ".name"), where + ".name");
+}
+
+template <class Drop>
+std::string ObjectWriter::Dropping(const std::string& name,
+                                   std::vector<std::pair<const char*, std::string>> more) {
+  Drop statement(true, m_release);
+  create::TreeFiller f(statement, statement.verb());
+  if (m_options.if_exists) f.Set("IF_EXISTS", "IF EXISTS", "--if-exists");
+  const bool isPublic =
+      std::any_of(more.begin(), more.end(), [](const auto& m) { return std::string(m.first) == "PUBLIC"; });
+  if (isPublic) {
+    f.Set(Drop::kNameLeaf, Id(name, name), name);
+  } else {
+    qualify(f, Drop::kNameLeaf, name, name);
   }
-  std::string fold(const std::string& name) const { return m_options.preserve_case ? name : FoldName(name); }
-  void qualify(create::TreeFiller& f,
-               const char* schemaLeaf,
-               const char* nameLeaf,
-               const std::string& name,
-               const std::string& where) {
-    if (!m_schema.name.empty()) f.Set(schemaLeaf, id(m_schema.name, "schema"), "schema");
-    f.Set(nameLeaf, id(name, where + ".name"), where + ".name");
-  }
-  void add(Script& script, const Script& part) {
-    script.statements.insert(script.statements.end(), part.statements.begin(), part.statements.end());
-    script.warnings.insert(script.warnings.end(), part.warnings.begin(), part.warnings.end());
-  }
+  for (const auto& [leaf, value] : more)
+    f.Set(leaf, value, name);
+  return f.Write();
+}
 
-  std::string sequence(const Sequence& s, const std::string& where);
-  std::string view(const View& v, const std::string& where);
-  std::string materializedView(const MaterializedView& m, const std::string& where);
-  std::string synonym(const Synonym& s, const std::string& where);
-  std::string trigger(const Trigger& t, const std::string& where);
-  void tables(Script& script);
+template std::string ObjectWriter::Dropping<CSQLDropTable>(const std::string&,
+                                                           std::vector<std::pair<const char*, std::string>>);
+template std::string ObjectWriter::Dropping<CSQLDropView>(const std::string&,
+                                                          std::vector<std::pair<const char*, std::string>>);
+template std::string ObjectWriter::Dropping<CSQLDropSequence>(
+    const std::string&, std::vector<std::pair<const char*, std::string>>);
+template std::string ObjectWriter::Dropping<CSQLDropSynonym>(
+    const std::string&, std::vector<std::pair<const char*, std::string>>);
+template std::string ObjectWriter::Dropping<CSQLDropMaterializedView>(
+    const std::string&, std::vector<std::pair<const char*, std::string>>);
+template std::string ObjectWriter::Dropping<CSQLDropTrigger>(
+    const std::string&, std::vector<std::pair<const char*, std::string>>);
 
-  const Schema& m_schema;
-  const Options& m_options;
-  int m_release;
-};
-
-std::string SchemaWriter::sequence(const Sequence& s, const std::string& where) {
+std::string ObjectWriter::Sequence(const model::Sequence& s, const std::string& where) {
   CSQLCreateSequence statement(true, m_release);
   create::TreeFiller f(statement, "CREATE SEQUENCE");
-  qualify(f, "SCHEMA", "SEQUENCE", s.name, where);
+  qualify(f, "SEQUENCE", s.name, where);
   for (const auto& [leaf, value, key] :
        {std::tuple<const char*, std::string, const char*>{"INCREMENT", s.increment_by, "increment_by"},
         {"START", s.start_with, "start_with"},
@@ -236,17 +258,18 @@ std::string SchemaWriter::sequence(const Sequence& s, const std::string& where) 
   return f.Write();
 }
 
-std::string SchemaWriter::view(const View& v, const std::string& where) {
+std::string ObjectWriter::View(const model::View& v, const std::string& where, bool orReplace) {
   CSQLCreateView statement(true, m_release);
   create::TreeFiller f(statement, "CREATE VIEW");
+  f.Set("REPLACE", orReplace ? "REPLACE" : "", where);
   f.Set("FORCE", v.force ? "FORCE" : "", where + ".force");
-  qualify(f, "SCHEMA", "VIEW", v.name, where);
+  qualify(f, "VIEW", v.name, where);
   for (std::size_t i = 0; i < v.columns.size(); ++i) {
     const std::string item = "A" + std::to_string(i + 1);
     f.Add("C_VIEW_ALIAS;LIST",
           std::make_unique<CSQLCreateView::CSubSQLItemAlias>(item.c_str(), m_release),
           where);
-    f.Set("C_VIEW_ALIAS;LIST;" + item + ";ALIAS", id(v.columns[i], where + ".columns"), where + ".columns");
+    f.Set("C_VIEW_ALIAS;LIST;" + item + ";ALIAS", Id(v.columns[i], where + ".columns"), where + ".columns");
   }
   f.Set("SUBQUERY", v.query, where + ".query");
   f.Set("READ", v.read_only ? "READ" : "", where + ".read_only");
@@ -254,12 +277,12 @@ std::string SchemaWriter::view(const View& v, const std::string& where) {
   return f.Write();
 }
 
-std::string SchemaWriter::materializedView(const MaterializedView& m, const std::string& where) {
+std::string ObjectWriter::MaterializedView(const model::MaterializedView& m, const std::string& where) {
   CSQLCreateMaterializedView statement(true, m_release);
   create::TreeFiller f(statement, "CREATE MATERIALIZED VIEW");
-  qualify(f, "SCHEMA", "MVIEW", m.name, where);
+  qualify(f, "MVIEW", m.name, where);
   f.Set("C_MV_PHYSICAL_PROP;C_SEG_ATTRIBUTE;TABLESPACE",
-        m.tablespace.empty() ? "" : id(m.tablespace, where),
+        m.tablespace.empty() ? "" : Id(m.tablespace, where),
         where + ".tablespace");
   if (!m.build.empty()) create::RequireRelease(m_release, 2, where + ".build", "BUILD IMMEDIATE or DEFERRED");
   f.Set("BUILD", m.build, where + ".build");
@@ -274,26 +297,27 @@ std::string SchemaWriter::materializedView(const MaterializedView& m, const std:
   return f.Write();
 }
 
-std::string SchemaWriter::synonym(const Synonym& s, const std::string& where) {
+std::string ObjectWriter::Synonym(const model::Synonym& s, const std::string& where) {
   CSQLCreateSynonym statement(true, m_release);
   create::TreeFiller f(statement, "CREATE SYNONYM");
   if (s.is_public) {
     f.Set("PUBLIC", "PUBLIC", where + ".public");
-    f.Set("SYNONYM", id(s.name, where + ".name"), where + ".name");
+    f.Set("SYNONYM", Id(s.name, where + ".name"), where + ".name");
   } else {
-    qualify(f, "SCHEMA", "SYNONYM", s.name, where);
+    qualify(f, "SYNONYM", s.name, where);
   }
-  const std::string targetSchema = s.target_schema.empty() ? m_schema.name : s.target_schema;
-  if (!targetSchema.empty()) f.Set("SCHEMA2", id(targetSchema, where + ".target"), where + ".target");
-  f.Set("OBJECT", id(s.target, where + ".target"), where + ".target");
+  const std::string targetSchema = s.target_schema.empty() ? m_schema : s.target_schema;
+  if (!targetSchema.empty()) f.Set("SCHEMA2", Id(targetSchema, where + ".target"), where + ".target");
+  f.Set("OBJECT", Id(s.target, where + ".target"), where + ".target");
   f.Set("DBLINK", s.dblink, where + ".dblink");
   return f.Write();
 }
 
-std::string SchemaWriter::trigger(const Trigger& t, const std::string& where) {
+std::string ObjectWriter::Trigger(const model::Trigger& t, const std::string& where, bool orReplace) {
   CSQLCreateTrigger statement(true, m_release);
   create::TreeFiller f(statement, "CREATE TRIGGER");
-  qualify(f, "SCHEMA", "TRIGGER", t.name, where);
+  f.Set("REPLACE", orReplace ? "REPLACE" : "", where);
+  qualify(f, "TRIGGER", t.name, where);
   if (t.timing == "INSTEAD OF") {
     create::RequireRelease(m_release, 1, where + ".timing", "an INSTEAD OF trigger");
     f.Set("INSTEAD", "INSTEAD", where + ".timing");
@@ -316,14 +340,14 @@ std::string SchemaWriter::trigger(const Trigger& t, const std::string& where) {
         column.erase(0, column.find_first_not_of(' '));
         column.erase(column.find_last_not_of(' ') + 1);
         if (column.empty()) create::Refuse(where + ".events", "\"" + event + "\" names an empty column");
-        columns.push_back(id(column, where + ".events"));
+        columns.push_back(Id(column, where + ".events"));
         at = comma + 1;
       }
       f.AddTexts(path + ";EVENT;LIST", columns, where + ".events");
     }
   }
-  if (!m_schema.name.empty()) f.Set("C_DML_EVENT;SCHEMA", id(m_schema.name, "schema"), "schema");
-  f.Set("C_DML_EVENT;TABLE", id(t.table, where + ".table"), where + ".table");
+  if (!m_schema.empty()) f.Set("C_DML_EVENT;SCHEMA", Id(m_schema, "schema"), "schema");
+  f.Set("C_DML_EVENT;TABLE", Id(t.table, where + ".table"), where + ".table");
   f.Set("C_DML_EVENT;ROW", t.for_each_row ? "ROW" : "", where + ".for_each_row");
   if (!t.enabled.empty())
     create::RequireRelease(m_release, 7, where + ".enabled", "ENABLE or DISABLE in CREATE TRIGGER");
@@ -335,25 +359,34 @@ std::string SchemaWriter::trigger(const Trigger& t, const std::string& where) {
 
 // Tables in foreign key order. A foreign key to a table that comes later (a cycle) is left out of
 // its CREATE TABLE and added by ALTER TABLE once every table is there.
-void SchemaWriter::tables(Script& script) {
-  std::vector<Table> tables = m_schema.tables;
+std::vector<Table> ObjectWriter::Tables(const Schema& schema) const {
+  std::vector<Table> tables = schema.tables;
   std::map<std::string, std::size_t> byName;
   for (std::size_t i = 0; i < tables.size(); ++i) {
-    if (!byName.emplace(fold(tables[i].name), i).second)
+    if (!byName.emplace(Fold(tables[i].name), i).second)
       throw Failure(
           kExitBadInput, "tables[" + std::to_string(i) + "].name", "a second table " + tables[i].name);
   }
-  for (std::size_t i = 0; i < m_schema.indexes.size(); ++i) {
-    const auto found = byName.find(fold(m_schema.indexes[i].table));
+  for (std::size_t i = 0; i < schema.indexes.size(); ++i) {
+    const auto found = byName.find(Fold(schema.indexes[i].table));
     if (found == byName.end()) {
       throw Failure(kExitBadInput,
                     "indexes[" + std::to_string(i) + "].table",
-                    "no table " + m_schema.indexes[i].table + " in the document");
+                    "no table " + schema.indexes[i].table + " in the document");
     }
-    tables[found->second].indexes.push_back(m_schema.indexes[i].index);
+    tables[found->second].indexes.push_back(schema.indexes[i].index);
   }
   for (Table& table : tables)
     table = ResolveNames(table, m_options.preserve_case);
+  return tables;
+}
+
+// A foreign key to a table that comes later (a cycle) is left out of its CREATE TABLE and added by
+// ALTER TABLE once every table is there.
+void ObjectWriter::CreateTables(const std::vector<Table>& tables, Script& script) const {
+  std::map<std::string, std::size_t> byName;
+  for (std::size_t i = 0; i < tables.size(); ++i)
+    byName.emplace(tables[i].name, i);
   // Table position -> positions of its foreign keys to each referenced table of the document.
   auto references = [&](std::size_t t) {
     std::map<std::size_t, std::vector<std::size_t>> out;
@@ -367,17 +400,12 @@ void SchemaWriter::tables(Script& script) {
     return out;
   };
   std::map<std::size_t, std::vector<std::size_t>> deferred;  // table -> its foreign keys added later
-  const std::vector<std::size_t> order = dependencyOrder(
+  const std::vector<std::size_t> order = DependencyOrder(
       tables.size(),
       [&](std::size_t t) {
         std::set<std::size_t> needs;
-        for (const auto& [target, keys] : references(t)) {
-          const std::vector<std::size_t>& late = deferred[t];
-          if (std::any_of(keys.begin(), keys.end(), [&](std::size_t k) {
-                return std::find(late.begin(), late.end(), k) == late.end();
-              }))
-            needs.insert(target);
-        }
+        for (const auto& [target, keys] : references(t))
+          needs.insert(target);
         return needs;
       },
       [&](std::size_t t, const std::set<std::size_t>& waiting) {
@@ -395,7 +423,9 @@ void SchemaWriter::tables(Script& script) {
     }
     Options options = m_options;
     options.preserve_case = true;  // the names are resolved already
-    add(script, Create(created, options));
+    const Script part = Create(created, options);
+    script.statements.insert(script.statements.end(), part.statements.begin(), part.statements.end());
+    script.warnings.insert(script.warnings.end(), part.warnings.begin(), part.warnings.end());
   }
   for (std::size_t t : order) {
     if (deferred[t].empty()) continue;
@@ -405,52 +435,6 @@ void SchemaWriter::tables(Script& script) {
       script.statements.push_back(text);
   }
 }
-
-Script SchemaWriter::Run() {
-  if (m_release < 0 || m_release > kNewestRelease) create::Refuse("release", "unknown release code");
-  const bool others = !m_schema.sequences.empty() || !m_schema.views.empty() ||
-                      !m_schema.materialized_views.empty() || !m_schema.synonyms.empty() ||
-                      !m_schema.triggers.empty();
-  if (m_options.if_exists && others)
-    create::Refuse("--if-exists",
-                   "IF NOT EXISTS is written for tables and indexes only; the schema holds other objects");
-  Script script;
-  for (std::size_t i = 0; i < m_schema.sequences.size(); ++i)
-    script.statements.push_back(sequence(m_schema.sequences[i], "sequences[" + std::to_string(i) + "]"));
-  tables(script);
-  // Views after the views their queries name.
-  std::map<std::string, std::size_t> views;
-  for (std::size_t i = 0; i < m_schema.views.size(); ++i)
-    views.emplace(fold(m_schema.views[i].name), i);
-  const std::vector<std::size_t> viewOrder = dependencyOrder(
-      m_schema.views.size(),
-      [&](std::size_t v) {
-        std::set<std::size_t> needs;
-        for (const std::string& name : namesIn(m_schema.views[v].query)) {
-          const auto found = views.find(name);
-          if (found != views.end()) needs.insert(found->second);
-        }
-        return needs;
-      },
-      [&](std::size_t v, const std::set<std::size_t>&) {
-        throw Failure(kExitBadInput,
-                      "views[" + std::to_string(v) + "].query",
-                      "view " + m_schema.views[v].name + " is part of a cycle of views naming each other");
-      });
-  for (std::size_t v : viewOrder)
-    script.statements.push_back(view(m_schema.views[v], "views[" + std::to_string(v) + "]"));
-  for (std::size_t i = 0; i < m_schema.materialized_views.size(); ++i) {
-    script.statements.push_back(
-        materializedView(m_schema.materialized_views[i], "materialized_views[" + std::to_string(i) + "]"));
-  }
-  for (std::size_t i = 0; i < m_schema.synonyms.size(); ++i)
-    script.statements.push_back(synonym(m_schema.synonyms[i], "synonyms[" + std::to_string(i) + "]"));
-  for (std::size_t i = 0; i < m_schema.triggers.size(); ++i)
-    script.statements.push_back(trigger(m_schema.triggers[i], "triggers[" + std::to_string(i) + "]"));
-  return script;
-}
-
-}  // namespace
 
 bool IsSchemaDocument(const std::string& text) {
   const Json document = Json::parse(text, nullptr, false);
@@ -513,7 +497,49 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
 }
 
 Script CreateSchema(const Schema& schema, const Options& options) {
-  return SchemaWriter(schema, options).Run();
+  ObjectWriter w(schema.name, schema.release, options);
+  const int release = schema.release;
+  if (release < 0 || release > kNewestRelease) create::Refuse("release", "unknown release code");
+  const bool others = !schema.sequences.empty() || !schema.views.empty() ||
+                      !schema.materialized_views.empty() || !schema.synonyms.empty() ||
+                      !schema.triggers.empty();
+  if (options.if_exists && others)
+    create::Refuse("--if-exists",
+                   "IF NOT EXISTS is written for tables and indexes only; the schema holds other objects");
+  Script script;
+  for (std::size_t i = 0; i < schema.sequences.size(); ++i)
+    script.statements.push_back(w.Sequence(schema.sequences[i], "sequences[" + std::to_string(i) + "]"));
+  w.CreateTables(w.Tables(schema), script);
+  // Views after the views their queries name.
+  std::map<std::string, std::size_t> views;
+  for (std::size_t i = 0; i < schema.views.size(); ++i)
+    views.emplace(w.Fold(schema.views[i].name), i);
+  const std::vector<std::size_t> viewOrder = DependencyOrder(
+      schema.views.size(),
+      [&](std::size_t v) {
+        std::set<std::size_t> needs;
+        for (const std::string& name : NamesIn(schema.views[v].query)) {
+          const auto found = views.find(name);
+          if (found != views.end()) needs.insert(found->second);
+        }
+        return needs;
+      },
+      [&](std::size_t v, const std::set<std::size_t>&) {
+        throw Failure(kExitBadInput,
+                      "views[" + std::to_string(v) + "].query",
+                      "view " + schema.views[v].name + " is part of a cycle of views naming each other");
+      });
+  for (std::size_t v : viewOrder)
+    script.statements.push_back(w.View(schema.views[v], "views[" + std::to_string(v) + "]", false));
+  for (std::size_t i = 0; i < schema.materialized_views.size(); ++i) {
+    script.statements.push_back(
+        w.MaterializedView(schema.materialized_views[i], "materialized_views[" + std::to_string(i) + "]"));
+  }
+  for (std::size_t i = 0; i < schema.synonyms.size(); ++i)
+    script.statements.push_back(w.Synonym(schema.synonyms[i], "synonyms[" + std::to_string(i) + "]"));
+  for (std::size_t i = 0; i < schema.triggers.size(); ++i)
+    script.statements.push_back(w.Trigger(schema.triggers[i], "triggers[" + std::to_string(i) + "]", false));
+  return script;
 }
 
 }  // namespace qarvelt::model

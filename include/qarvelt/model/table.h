@@ -124,7 +124,8 @@ struct Partitioning {
 
 struct Table {
   std::string schema, name;
-  int release = 10;  // Oracle 19c, when the document names no release
+  std::string renamed_from;  // in a schema document: the table's old name, for a declared rename
+  int release = 10;          // Oracle 19c, when the document names no release
   std::string tablespace;
   Segment segment;
   std::string logging, compress, cache, monitoring, parallel, row_movement;  // keyword texts or ""
