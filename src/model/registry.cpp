@@ -185,6 +185,7 @@ const std::vector<StatementKind>& StatementKinds() {
       {"DROP SYNONYM", "CSQLDropSynonym", &statement<CSQLDropSynonym>},
       {"DROP MATERIALIZED VIEW", "CSQLDropMaterializedView", &statement<CSQLDropMaterializedView>},
       {"DROP TRIGGER", "CSQLDropTrigger", &statement<CSQLDropTrigger>},
+      {"RENAME", "CSQLRename", &statement<CSQLRename>},
   };
   return kinds;
 }

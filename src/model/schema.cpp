@@ -3,10 +3,13 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
 #include <set>
+#include <sstream>
 
 #include <qarvelt/qarvelt.h>
 
@@ -493,6 +496,57 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
   });
   r.Each("triggers", [&](ObjectReader& o) { readTrigger(o, s.triggers.emplace_back()); });
   r.Done();
+  return s;
+}
+
+Schema SchemaOfTable(const Table& table) {
+  Schema s;
+  s.name = table.schema;
+  s.release = table.release;
+  s.tables.push_back(table);
+  return s;
+}
+
+Schema ReadSchemaFolder(const std::string& folder) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  std::vector<fs::path> files;
+  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    if (it->path().extension() == ".json" && it->is_regular_file()) files.push_back(it->path());
+  }
+  if (error) throw Failure(kExitBadInput, folder, "cannot be read: " + error.message());
+  if (files.empty()) throw Failure(kExitBadInput, folder, "holds no .json document");
+  std::sort(files.begin(), files.end());
+  Schema s;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const std::string source = files[i].string();
+    std::ifstream in(files[i], std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (!in) throw Failure(kExitBadInput, source, "cannot be read");
+    Schema part = IsSchemaDocument(text.str()) ? ReadSchema(text.str(), source)
+                                               : SchemaOfTable(ReadTable(text.str(), source));
+    if (i == 0) {
+      s.name = part.name;
+      s.release = part.release;
+    }
+    if (part.name != s.name) {
+      throw Failure(kExitBadInput,
+                    source,
+                    "is in the schema " + (part.name.empty() ? std::string("(none)") : part.name) + ", " +
+                        files[0].string() + " in " + (s.name.empty() ? std::string("(none)") : s.name));
+    }
+    if (part.release != s.release)
+      throw Failure(kExitBadInput, source, "names another release than " + files[0].string());
+    auto append = [](auto& to, auto& from) { to.insert(to.end(), from.begin(), from.end()); };
+    append(s.tables, part.tables);
+    append(s.sequences, part.sequences);
+    append(s.views, part.views);
+    append(s.materialized_views, part.materialized_views);
+    append(s.synonyms, part.synonyms);
+    append(s.indexes, part.indexes);
+    append(s.triggers, part.triggers);
+  }
   return s;
 }
 
