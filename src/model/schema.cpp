@@ -507,6 +507,24 @@ Schema SchemaOfTable(const Table& table) {
   return s;
 }
 
+Script CreateDocument(const std::string& text, const std::string& source, const Options& options) {
+  return IsSchemaDocument(text) ? CreateSchema(ReadSchema(text, source), options)
+                                : Create(ReadTable(text, source), options);
+}
+
+Script DiffDocuments(const std::string& before,
+                     const std::string& after,
+                     const std::string& oldSource,
+                     const std::string& newSource,
+                     const Options& options) {
+  const bool schemas = IsSchemaDocument(before) || IsSchemaDocument(after);
+  if (!schemas) return Diff(ReadTable(before, oldSource), ReadTable(after, newSource), options);
+  auto read = [](const std::string& text, const std::string& source) {
+    return IsSchemaDocument(text) ? ReadSchema(text, source) : SchemaOfTable(ReadTable(text, source));
+  };
+  return DiffSchema(read(before, oldSource), read(after, newSource), options);
+}
+
 Schema ReadSchemaFolder(const std::string& folder) {
   namespace fs = std::filesystem;
   std::error_code error;

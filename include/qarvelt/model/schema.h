@@ -101,6 +101,17 @@ Script CreateSchema(const Schema& schema, const Options& options = {});
 // refused under fail_on_data_loss). Throws Error.
 Script DiffSchema(const Schema& before, const Schema& after, const Options& options = {});
 
+// The CREATE script of a document, whichever it is: a table document (Create) or a schema document
+// (CreateSchema). Throws Error.
+Script CreateDocument(const std::string& text, const std::string& source, const Options& options = {});
+// The script between two documents: the table diff when both are table documents, the schema diff
+// otherwise (a table document counting as a schema of one table). Throws Error.
+Script DiffDocuments(const std::string& before,
+                     const std::string& after,
+                     const std::string& oldSource,
+                     const std::string& newSource,
+                     const Options& options = {});
+
 // A table document as a schema of one table, so that it can be compared with a schema.
 Schema SchemaOfTable(const Table& table);
 // Reads every "*.json" document of a folder, in the order of their names, into one schema: table
