@@ -33,6 +33,15 @@ inline void RequireRelease(int release, int since, const std::string& where, con
                 feature + " needs " + ReleaseLabel(since) + "; the table is for " + ReleaseLabel(release));
 }
 
+// Refuses a script that loses data (under fail_on_data_loss), listing every loss.
+inline void RefuseDataLoss(const std::vector<std::string>& lost) {
+  if (lost.empty()) return;
+  std::string message = "refused, the script loses data:";
+  for (const std::string& warning : lost)
+    message += "\n  " + warning;
+  throw Failure(kExitFailure, message);
+}
+
 [[noreturn]] inline void Refuse(const std::string& where, const std::string& message) {
   throw Failure(kExitBadInput, where, message);
 }

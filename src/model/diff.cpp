@@ -1585,12 +1585,7 @@ Script Differ::alter() {
                             &rename}) {
     m_script.statements.insert(m_script.statements.end(), part->begin(), part->end());
   }
-  if (m_options.fail_on_data_loss && !m_lost.empty()) {
-    std::string message = "refused, the script loses data:";
-    for (const std::string& warning : m_lost)
-      message += "\n  " + warning;
-    throw Failure(kExitFailure, message);
-  }
+  if (m_options.fail_on_data_loss) create::RefuseDataLoss(m_lost);
   return m_script;
 }
 

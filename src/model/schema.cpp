@@ -195,6 +195,11 @@ std::string ObjectWriter::Id(const std::string& name, const std::string& where) 
   return Identifier(Fold(name), m_release, m_options.quote_all, where);
 }
 
+// IF NOT EXISTS (Oracle 23ai) when the options ask for it; OR REPLACE statements take none.
+void ObjectWriter::guard(create::TreeFiller& f) const {
+  f.Set("IF_NOT_EXISTS", m_options.if_exists ? "IF NOT EXISTS" : "", "--if-exists");
+}
+
 // The schema, when there is one, and the object's name.
 void ObjectWriter::qualify(create::TreeFiller& f,
                            const char* nameLeaf,
@@ -238,6 +243,7 @@ template std::string ObjectWriter::Dropping<CSQLDropTrigger>(
 std::string ObjectWriter::Sequence(const model::Sequence& s, const std::string& where) {
   CSQLCreateSequence statement(true, m_release);
   create::TreeFiller f(statement, "CREATE SEQUENCE");
+  guard(f);
   qualify(f, "SEQUENCE", s.name, where);
   for (const auto& [leaf, value, key] :
        {std::tuple<const char*, std::string, const char*>{"INCREMENT", s.increment_by, "increment_by"},
@@ -265,6 +271,7 @@ std::string ObjectWriter::View(const model::View& v, const std::string& where, b
   CSQLCreateView statement(true, m_release);
   create::TreeFiller f(statement, "CREATE VIEW");
   f.Set("REPLACE", orReplace ? "REPLACE" : "", where);
+  if (!orReplace) guard(f);
   f.Set("FORCE", v.force ? "FORCE" : "", where + ".force");
   qualify(f, "VIEW", v.name, where);
   for (std::size_t i = 0; i < v.columns.size(); ++i) {
@@ -283,6 +290,7 @@ std::string ObjectWriter::View(const model::View& v, const std::string& where, b
 std::string ObjectWriter::MaterializedView(const model::MaterializedView& m, const std::string& where) {
   CSQLCreateMaterializedView statement(true, m_release);
   create::TreeFiller f(statement, "CREATE MATERIALIZED VIEW");
+  guard(f);
   qualify(f, "MVIEW", m.name, where);
   f.Set("C_MV_PHYSICAL_PROP;C_SEG_ATTRIBUTE;TABLESPACE",
         m.tablespace.empty() ? "" : Id(m.tablespace, where),
@@ -303,6 +311,7 @@ std::string ObjectWriter::MaterializedView(const model::MaterializedView& m, con
 std::string ObjectWriter::Synonym(const model::Synonym& s, const std::string& where) {
   CSQLCreateSynonym statement(true, m_release);
   create::TreeFiller f(statement, "CREATE SYNONYM");
+  guard(f);
   if (s.is_public) {
     f.Set("PUBLIC", "PUBLIC", where + ".public");
     f.Set("SYNONYM", Id(s.name, where + ".name"), where + ".name");
@@ -320,6 +329,7 @@ std::string ObjectWriter::Trigger(const model::Trigger& t, const std::string& wh
   CSQLCreateTrigger statement(true, m_release);
   create::TreeFiller f(statement, "CREATE TRIGGER");
   f.Set("REPLACE", orReplace ? "REPLACE" : "", where);
+  if (!orReplace) guard(f);
   qualify(f, "TRIGGER", t.name, where);
   if (t.timing == "INSTEAD OF") {
     create::RequireRelease(m_release, 1, where + ".timing", "an INSTEAD OF trigger");
@@ -572,12 +582,7 @@ Script CreateSchema(const Schema& schema, const Options& options) {
   ObjectWriter w(schema.name, schema.release, options);
   const int release = schema.release;
   if (release < 0 || release > kNewestRelease) create::Refuse("release", "unknown release code");
-  const bool others = !schema.sequences.empty() || !schema.views.empty() ||
-                      !schema.materialized_views.empty() || !schema.synonyms.empty() ||
-                      !schema.triggers.empty();
-  if (options.if_exists && others)
-    create::Refuse("--if-exists",
-                   "IF NOT EXISTS is written for tables and indexes only; the schema holds other objects");
+  if (options.if_exists) create::RequireRelease(release, 12, "--if-exists", "IF [NOT] EXISTS");
   Script script;
   for (std::size_t i = 0; i < schema.sequences.size(); ++i)
     script.statements.push_back(w.Sequence(schema.sequences[i], "sequences[" + std::to_string(i) + "]"));

@@ -485,21 +485,6 @@ Script SchemaDiffer::run() {
   m_mviews = pair(m_before.materialized_views, m_after.materialized_views, "materialized_views", name, none);
   m_views =
       pair(m_before.views, m_after.views, "views", name, [&](const View& v) { return fold(v.renamed_from); });
-  if (m_options.if_exists) {
-    for (const auto& [count, what] :
-         {std::pair<std::size_t, const char*>{m_after.sequences.size(), "sequences"},
-          {m_after.views.size(), "views"},
-          {m_after.materialized_views.size(), "materialized views"},
-          {m_after.synonyms.size(), "synonyms"},
-          {m_after.triggers.size(), "triggers"}}) {
-      if (count != 0) {
-        create::Refuse(
-            "--if-exists",
-            std::string("IF NOT EXISTS is written for tables and indexes only; the schema holds ") + what);
-      }
-    }
-  }
-
   // Which kept tables the changes drop and create anew: their first statement is the DROP TABLE.
   planTables({});
   if (m_options.allow_recreate) {
@@ -520,12 +505,7 @@ Script SchemaDiffer::run() {
   tables();
   views();
   laterObjects();
-  if (m_options.fail_on_data_loss && !m_lost.empty()) {
-    std::string message = "refused, the script loses data:";
-    for (const std::string& warning : m_lost)
-      message += "\n  " + warning;
-    throw Failure(kExitFailure, message);
-  }
+  if (m_options.fail_on_data_loss) create::RefuseDataLoss(m_lost);
   return m_script;
 }
 

@@ -68,6 +68,8 @@ class ObjectWriter {
                const std::string& name,
                const std::string& where) const;
 
+  void guard(create::TreeFiller& f) const;
+
   std::string m_schema;
   int m_release;
   const Options& m_options;
