@@ -1,11 +1,15 @@
-// Schema documents: reading, and the order of the CREATE script of a whole schema.
+// Schema documents: reading, the order of the CREATE script of a whole schema, and the script
+// between two schemas.
 #include <gtest/gtest.h>
 
 #include <qarvelt/model/error.h>
 #include <qarvelt/model/schema.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
+
+#include "generated_schema.h"
 
 namespace qarvelt::model {
 namespace {
@@ -184,6 +188,32 @@ TEST(SchemaDiff, SequenceOptionsLeftOutGoBackToOraclesDefaults) {
   const Script old = diff(R"({"release": "11g", "sequences": [{"name": "S", "start_with": 1}]})",
                           R"({"release": "11g", "sequences": [{"name": "S", "start_with": 9}]})", recreate);
   EXPECT_EQ(old.statements, (std::vector<std::string>{"DROP SEQUENCE S", "CREATE SEQUENCE S START WITH 9"}));
+}
+
+}  // namespace
+}  // namespace qarvelt::model
+
+namespace qarvelt::model {
+namespace {
+
+TEST(SchemaDiff, AGeneratedSchemaOfAThousandTables) {
+  const Schema before = testing::GeneratedSchema(1000);
+  EXPECT_TRUE(DiffSchema(before, before).statements.empty());
+  const Schema after = testing::EditedSchema(before, 7);
+  const Script script = DiffSchema(before, after);
+  std::size_t drops = 0, renames = 0, creates = 0;
+  for (const std::string& s : script.statements) {
+    drops += s.rfind("DROP TABLE APP.", 0) == 0;
+    renames += s.find(" RENAME TO R") != std::string::npos;
+    creates += s.rfind("CREATE TABLE APP.T01", 0) == 0;  // the new tables are numbered from 1000
+  }
+  EXPECT_EQ(drops, before.tables.size() + 10 - after.tables.size());
+  EXPECT_EQ(renames,
+            static_cast<std::size_t>(std::count_if(after.tables.begin(), after.tables.end(),
+                                                   [](const Table& t) { return !t.renamed_from.empty(); })));
+  EXPECT_EQ(creates, 10U);
+  // Every drop of a table comes after the foreign keys to it are gone, and before any table is made.
+  EXPECT_LT(at(script, "DROP TABLE"), at(script, "CREATE TABLE"));
 }
 
 }  // namespace

@@ -125,14 +125,40 @@ class SchemaDiffer {
   Script run();
 
  private:
-  // The plan for one kept table: the steps between its old and its new description.
+  // The plan for one kept table: which foreign keys are dropped before any table changes and which
+  // are held back until every table is there. The tables of each step are made when they are
+  // diffed, so that a schema of thousands of tables is held once, not once per step.
   struct KeptTable {
     std::size_t before, after;
-    Table old;      // the old table, its foreign keys following renames of the tables they reference
-    Table dropped;  // the old table without the foreign keys that go away or change
-    Table middle;   // the new table without the foreign keys it gains or changes
-    Table target;   // the new table
+    std::vector<Constraint> oldKeys;  // the old constraints, foreign keys following table renames
+    std::vector<bool> keptOld;        // per old constraint: it stays until the table's own changes
+    std::vector<bool> heldNew;        // per new constraint: added after every table is there
+    bool dropsKeys() const { return std::find(keptOld.begin(), keptOld.end(), false) != keptOld.end(); }
+    bool holdsKeys() const { return std::find(heldNew.begin(), heldNew.end(), true) != heldNew.end(); }
   };
+  // The old table as it is (with its foreign keys following renames), after the foreign keys that go
+  // away are dropped, the new table without the keys it gains, and the new table.
+  Table oldTable(const KeptTable& k) const {
+    Table t = m_oldTables[k.before];
+    t.constraints = k.oldKeys;
+    return t;
+  }
+  Table keysDropped(const KeptTable& k) const {
+    Table t = m_oldTables[k.before];
+    t.constraints.clear();
+    for (std::size_t c = 0; c < k.oldKeys.size(); ++c) {
+      if (k.keptOld[c]) t.constraints.push_back(k.oldKeys[c]);
+    }
+    return t;
+  }
+  Table keysHeld(const KeptTable& k) const {
+    Table t = m_newTables[k.after];
+    t.constraints.clear();
+    for (std::size_t c = 0; c < k.heldNew.size(); ++c) {
+      if (!k.heldNew[c]) t.constraints.push_back(m_newTables[k.after].constraints[c]);
+    }
+    return t;
+  }
 
   std::string fold(const std::string& name) const { return m_w.Fold(name); }
   bool inSchema(const Constraint& k) const {
@@ -232,38 +258,32 @@ void SchemaDiffer::planTables(const std::set<std::string>& recreated) {
   m_kept.clear();
   for (std::size_t i = 0; i < m_newTables.size(); ++i) {
     if (!m_tablePairs.oldOf[i]) continue;
-    KeptTable k{*m_tablePairs.oldOf[i], i, m_oldTables[*m_tablePairs.oldOf[i]], {}, {}, m_newTables[i]};
-    for (Constraint& c : k.old.constraints) {
+    const Table& target = m_newTables[i];
+    KeptTable k{*m_tablePairs.oldOf[i], i, m_oldTables[*m_tablePairs.oldOf[i]].constraints, {}, {}};
+    for (Constraint& c : k.oldKeys) {
       const auto renamed = m_renamedTables.find(c.ref_table);
       if (inSchema(c) && renamed != m_renamedTables.end()) c.ref_table = renamed->second;
     }
     auto counterpart = [&](const Constraint& now) -> const Constraint* {
       const std::string& name = now.renamed_from.empty() ? now.name : now.renamed_from;
-      for (const Constraint& c : k.old.constraints) {
+      for (const Constraint& c : k.oldKeys) {
         if (c.name == name && c.type == "FOREIGN KEY") return &c;
       }
       return nullptr;
     };
-    auto held = [&](const Constraint& now) {
-      if (now.type != "FOREIGN KEY") return false;
-      const Constraint* before = counterpart(now);
-      return before == nullptr || definition(*before) != definition(now) ||
-             (inSchema(now) && recreated.count(now.ref_table) != 0 && now.ref_table != k.target.name);
-    };
     std::set<std::string> keptKeys;  // old names of the foreign keys that stay
-    k.middle = k.target;
-    k.middle.constraints.clear();
-    for (const Constraint& c : k.target.constraints) {
-      if (held(c)) continue;
-      k.middle.constraints.push_back(c);
-      if (c.type == "FOREIGN KEY") keptKeys.insert(c.renamed_from.empty() ? c.name : c.renamed_from);
+    for (const Constraint& now : target.constraints) {
+      bool held = false;
+      if (now.type == "FOREIGN KEY") {
+        const Constraint* before = counterpart(now);
+        held = before == nullptr || definition(*before) != definition(now) ||
+               (inSchema(now) && recreated.count(now.ref_table) != 0 && now.ref_table != target.name);
+        if (!held) keptKeys.insert(now.renamed_from.empty() ? now.name : now.renamed_from);
+      }
+      k.heldNew.push_back(held);
     }
-    k.dropped = k.old;
-    k.dropped.renamed_from.clear();
-    k.dropped.constraints.clear();
-    for (const Constraint& c : k.old.constraints) {
-      if (c.type != "FOREIGN KEY" || keptKeys.count(c.name) != 0) k.dropped.constraints.push_back(c);
-    }
+    for (const Constraint& c : k.oldKeys)
+      k.keptOld.push_back(c.type != "FOREIGN KEY" || keptKeys.count(c.name) != 0);
     m_kept.push_back(std::move(k));
   }
 }
@@ -365,7 +385,7 @@ void SchemaDiffer::sequences() {
 void SchemaDiffer::tables() {
   // Foreign keys that go away or change, on every kept table, before any key they hold is touched.
   for (const KeptTable& k : m_kept) {
-    if (k.dropped.constraints.size() != k.old.constraints.size()) emit(Diff(k.old, k.dropped, m_resolved));
+    if (k.dropsKeys()) emit(Diff(oldTable(k), keysDropped(k), m_resolved));
   }
   for (std::size_t i = 0; i < m_oldTables.size(); ++i) {
     if (m_tablePairs.kept[i]) continue;
@@ -378,11 +398,11 @@ void SchemaDiffer::tables() {
     if (!m_tablePairs.oldOf[i]) created.push_back(m_newTables[i]);
   }
   for (const KeptTable& k : m_kept)
-    emit(Diff(k.dropped, k.middle, m_resolved));
+    emit(Diff(keysDropped(k), keysHeld(k), m_resolved));
   m_w.CreateTables(created, m_script);
   for (const KeptTable& k : m_kept) {
-    if (k.middle.constraints.size() != k.target.constraints.size())
-      emit(Diff(withoutRenames(k.middle), withoutRenames(k.target), m_resolved));
+    if (k.holdsKeys())
+      emit(Diff(withoutRenames(keysHeld(k)), withoutRenames(m_newTables[k.after]), m_resolved));
   }
 }
 
@@ -492,9 +512,9 @@ Script SchemaDiffer::run() {
       Options probe = m_resolved;
       probe.allow_recreate = false;
       try {
-        Diff(k.dropped, k.middle, probe);
+        Diff(keysDropped(k), keysHeld(k), probe);
       } catch (const Failure& error) {
-        if (error.code() == kExitNeedsRecreate) m_recreated.insert(k.target.name);
+        if (error.code() == kExitNeedsRecreate) m_recreated.insert(m_newTables[k.after].name);
       }
     }
     if (!m_recreated.empty()) planTables(m_recreated);
