@@ -56,6 +56,8 @@ Input readInput(const std::string& path) {
     std::cerr << "qarvelt: " << path << " is a schema document, " << DescribeSchema(input.schema) << "\n";
   } else {
     input.table = ReadTable(document, path);
+    std::cerr << "qarvelt: " << path << " is a table document, "
+              << (input.table->schema.empty() ? "" : input.table->schema + ".") << input.table->name << "\n";
   }
   return input;
 }

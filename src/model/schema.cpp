@@ -10,6 +10,7 @@
 #include <memory>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 #include <qarvelt/qarvelt.h>
 
@@ -461,18 +462,18 @@ bool IsSchemaDocument(const std::string& text) {
 
 std::string DescribeSchema(const Schema& schema) {
   std::string text = "schema " + (schema.name.empty() ? std::string("(unnamed)") : schema.name) + ":";
-  const std::pair<std::size_t, const char*> counts[] = {
-      {schema.tables.size(), "table"},
-      {schema.sequences.size(), "sequence"},
-      {schema.views.size(), "view"},
-      {schema.materialized_views.size(), "materialized view"},
-      {schema.synonyms.size(), "synonym"},
-      {schema.indexes.size(), "schema-level index"},
-      {schema.triggers.size(), "trigger"}};
+  const std::tuple<std::size_t, const char*, const char*> counts[] = {
+      {schema.tables.size(), "table", "tables"},
+      {schema.sequences.size(), "sequence", "sequences"},
+      {schema.views.size(), "view", "views"},
+      {schema.materialized_views.size(), "materialized view", "materialized views"},
+      {schema.synonyms.size(), "synonym", "synonyms"},
+      {schema.indexes.size(), "schema-level index", "schema-level indexes"},
+      {schema.triggers.size(), "trigger", "triggers"}};
   const char* separator = " ";
-  for (const auto& [count, what] : counts) {
+  for (const auto& [count, one, many] : counts) {
     if (count == 0) continue;
-    text += separator + std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+    text += separator + std::to_string(count) + " " + (count == 1 ? one : many);
     separator = ", ";
   }
   return text;
