@@ -58,6 +58,8 @@
 
 #include "qarvelt/util/util.h"
 
+#include "qarvelt/ddl/lexer.h"
+
 #include "qarvelt/model/document.h"
 #include "qarvelt/model/error.h"
 #include "qarvelt/model/script.h"
