@@ -8,10 +8,11 @@
 //      movement, a new tablespace) and the LOB storage of kept columns;
 //   6. the column syntax of Oracle 11g and later (identity, DEFAULT ON NULL, visibility, virtual
 //      expression, collation), one statement each, then added and modified columns;
-//   7. partition maintenance: drops, renames, moves, attribute changes, then the new partitions in
-//      bound order (added, or split off the partition that holds their range); the old highest
-//      partition waits until the new ones are in when none is kept; then the LOB storage of kept
-//      partitions;
+//   7. partition maintenance: an interval or automatic partitioning taken away; drops, renames,
+//      moves, attribute changes, then the new partitions in bound order (added, or split off the
+//      partition that holds their range); the old highest partition waits until the new ones are in
+//      when none is kept; INDEXING of partitions; then the LOB storage of kept partitions; last an
+//      interval or automatic partitioning set, once a MAXVALUE or DEFAULT partition is gone;
 //   8. added constraints, then constraint state changes;
 //   9. index changes (ALTER INDEX), then new indexes, then added keys built on an index (USING INDEX
 //      i), now that their index exists under its new name;
