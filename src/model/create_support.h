@@ -157,6 +157,14 @@ void CheckColumnSyntax(const Column& c, int release, const std::string& where);
 void ColumnSyntax(
     TreeFiller& f, const Column& c, const std::string& path, const std::string& where, int release);
 
+// What Oracle 11g and later releases added to partitioning: interval and reference partitioning,
+// virtual key columns, list composites and range subpartitions, automatic list partitioning, list
+// keys of several columns, INDEXING of a partition. Refuses what the table's release lacks (naming
+// the release that brought it) and what Oracle refuses outright (an interval with a MAXVALUE
+// partition, a reference to a foreign key with columns that can be null, an automatic table with a
+// DEFAULT partition).
+void CheckPartitioning(const Table& t);
+
 }  // namespace qarvelt::model::create
 
 #endif  // QARVELT_MODEL_CREATE_SUPPORT_H

@@ -99,6 +99,8 @@ void foldNames(Table& t) {
   Partitioning& p = t.partitioning;
   fold(p.columns);
   fold(p.store_in);
+  fold(p.interval_store_in);
+  fold(p.constraint);
   fold(p.subcolumns);
   fold(p.subtemplate);
   fold(p.partitions);
