@@ -218,3 +218,26 @@ TEST(SchemaDiff, AGeneratedSchemaOfAThousandTables) {
 
 }  // namespace
 }  // namespace qarvelt::model
+
+namespace qarvelt::model {
+namespace {
+
+TEST(Schema, ACycleIsNotBrokenAtTheKeyOfAReferencePartitioning) {
+  // P and C reference each other; C is partitioned by reference through C_P_FK, so the cycle must
+  // be broken at P's key: listing C first is refused, listing P first works.
+  const std::string p = R"({"name": "P", "columns": [{"name": "ID", "type": "NUMBER", "not_null": true},
+    {"name": "C_ID", "type": "NUMBER"}], "constraints": [{"name": "P_PK", "type": "primary key", "columns": ["ID"]},
+    {"name": "P_C_FK", "type": "foreign key", "columns": ["C_ID"], "references": {"table": "C", "columns": ["ID"]}}],
+    "partitioning": {"type": "range", "columns": ["ID"], "partitions": [{"name": "P1", "values_less_than": ["MAXVALUE"]}]}})";
+  const std::string c = R"({"name": "C", "columns": [{"name": "ID", "type": "NUMBER", "not_null": true},
+    {"name": "P_ID", "type": "NUMBER", "not_null": true}], "constraints": [{"name": "C_PK", "type": "primary key",
+    "columns": ["ID"]}, {"name": "C_P_FK", "type": "foreign key", "columns": ["P_ID"], "references": {"table": "P",
+    "columns": ["ID"]}}], "partitioning": {"type": "reference", "constraint": "C_P_FK"}})";
+  EXPECT_THROW(CreateSchema(ReadSchema(R"({"tables": [)" + c + "," + p + "]}")), Error);
+  const Script script = CreateSchema(ReadSchema(R"({"tables": [)" + p + "," + c + "]}"));
+  EXPECT_EQ(script.statements.back(),
+            "ALTER TABLE P ADD CONSTRAINT P_C_FK FOREIGN KEY (C_ID) REFERENCES C (ID)");
+}
+
+}  // namespace
+}  // namespace qarvelt::model

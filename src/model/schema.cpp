@@ -424,7 +424,20 @@ void ObjectWriter::CreateTables(const std::vector<Table>& tables, Script& script
       },
       [&](std::size_t t, const std::set<std::size_t>& waiting) {
         for (const auto& [target, keys] : references(t)) {
-          if (waiting.count(target) != 0) deferred[t].insert(deferred[t].end(), keys.begin(), keys.end());
+          if (waiting.count(target) == 0) continue;
+          for (std::size_t k : keys) {
+            // The key a reference partitioning follows must be in the CREATE TABLE itself.
+            if (tables[t].partitioning.type == "REFERENCE" &&
+                tables[t].constraints[k].name == tables[t].partitioning.constraint) {
+              throw Failure(kExitBadInput,
+                            "tables",
+                            "table " + tables[t].name + " is partitioned by reference to " +
+                                tables[target].name + " through " + tables[t].constraints[k].name +
+                                ", which closes a cycle of foreign keys: list another table of the cycle "
+                                "before it, so that the cycle is broken there");
+            }
+          }
+          deferred[t].insert(deferred[t].end(), keys.begin(), keys.end());
         }
       });
   for (std::size_t t : order) {
