@@ -2,7 +2,10 @@
 //
 //   qarvelt create DOCUMENT              CREATE statements of a table or a whole schema
 //   qarvelt diff OLD NEW                 the script from one table or schema to the other
-//                                        (a DOCUMENT is a table or schema document, or a folder of them)
+//                                        (a DOCUMENT is a table or schema document, a DDL script
+//                                        (.sql), or a folder of them)
+//   qarvelt import SCRIPT.sql...         the schema document that DDL scripts describe
+//   qarvelt apply SCHEMA SCRIPT.sql      the schema document after a script runs on a schema
 //   qarvelt render STATEMENT.json        any statement of the library, from attribute paths
 //   qarvelt paths KIND [--release N]     the attribute paths of a statement kind
 //   qarvelt kinds                        the statement kinds
@@ -16,6 +19,7 @@
 #include <optional>
 #include <sstream>
 
+#include <qarvelt/ddl/reader.h>
 #include <qarvelt/model/document.h>
 #include <qarvelt/model/error.h>
 #include <qarvelt/model/schema.h>
@@ -36,22 +40,41 @@ std::string readFile(const std::string& path) {
   return text.str();
 }
 
-// One input: a table document, or a schema (a schema document, or a folder of documents). A schema
-// is announced on standard error, with what it holds.
+// One input: a table document, or a schema (a schema document, a DDL script, or a folder of them).
+// A schema is announced on standard error, with what it holds, and so are the notes and warnings
+// of reading a script.
 struct Input {
   std::optional<Table> table;
   Schema schema;
 };
 
-Input readInput(const std::string& path) {
+bool isScript(const std::string& path) {
+  const std::string extension = std::filesystem::path(path).extension().string();
+  return extension == ".sql" || extension == ".SQL" || extension == ".ddl" || extension == ".DDL";
+}
+
+void tell(const qarvelt::ddl::ReadReport& report) {
+  for (const std::string& note : report.notes)
+    std::cerr << "note: " << note << "\n";
+  for (const std::string& warning : report.warnings)
+    std::cerr << "warning: " << warning << "\n";
+}
+
+Input readInput(const std::string& path, const qarvelt::ddl::ReadOptions& options) {
   Input input;
+  qarvelt::ddl::ReadReport report;
   if (std::filesystem::is_directory(path)) {
-    input.schema = ReadSchemaFolder(path);
+    input.schema = ReadSchemaFolder(path, options, report);
+    tell(report);
     std::cerr << "qarvelt: " << path << " is a folder of documents, " << DescribeSchema(input.schema) << "\n";
     return input;
   }
   const std::string document = readFile(path);
-  if (IsSchemaDocument(document)) {
+  if (isScript(path)) {
+    input.schema = qarvelt::ddl::ReadScript(document, path, options, report);
+    tell(report);
+    std::cerr << "qarvelt: " << path << " is a DDL script, " << DescribeSchema(input.schema) << "\n";
+  } else if (IsSchemaDocument(document)) {
     input.schema = ReadSchema(document, path);
     std::cerr << "qarvelt: " << path << " is a schema document, " << DescribeSchema(input.schema) << "\n";
   } else {
@@ -74,6 +97,13 @@ int main(int argc, char** argv) {
   Options options;
   int release = 10;  // Oracle 19c
   std::string releaseName;
+  bool skipUnknown = false;
+  auto readOptions = [&] {
+    qarvelt::ddl::ReadOptions o;
+    o.skip_unknown = skipUnknown;
+    o.release = release;
+    return o;
+  };
 
   auto addOutput = [&](CLI::App* command) {
     command->add_option("--terminator", terminator, "statement terminator: ';' (default), '/' or 'none'")
@@ -114,6 +144,25 @@ int main(int argc, char** argv) {
   addOutput(diff);
   addCase(diff);
 
+  std::vector<std::string> scriptFiles;
+  auto* import = app.add_subcommand("import", "the schema document that DDL scripts describe");
+  import->add_option("SCRIPT", scriptFiles, "DDL scripts (.sql), read in order")->required();
+  import->add_option("--output,-o", output, "write the document to this file instead of standard output");
+
+  std::string schemaFile, applyFile;
+  auto* apply = app.add_subcommand("apply", "the schema document after a DDL script runs on a schema");
+  apply->add_option("SCHEMA", schemaFile, "the schema as it is (a document, script or folder)")->required();
+  apply->add_option("SCRIPT", applyFile, "the DDL script to apply (.sql)")->required();
+  apply->add_option("--output,-o", output, "write the document to this file instead of standard output");
+
+  for (CLI::App* command : {create, diff, import, apply}) {
+    command->add_option("--release", releaseName, "the release of DDL scripts read (default 19c)");
+    command->add_flag(
+        "--skip-unknown",
+        skipUnknown,
+        "skip statements of DDL scripts that cannot be read, with a warning, instead of refusing");
+  }
+
   std::string statementFile;
   auto* render = app.add_subcommand("render", "any statement of the library from a statement document");
   render->add_option("STATEMENT", statementFile, "the statement document (JSON)")->required();
@@ -141,10 +190,10 @@ int main(int argc, char** argv) {
     Script script;
     bool isScript = true;
     if (*create) {
-      const Input input = readInput(tableFile);
+      const Input input = readInput(tableFile, readOptions());
       script = input.table ? Create(*input.table, options) : CreateSchema(input.schema, options);
     } else if (*diff) {
-      const Input before = readInput(oldFile), after = readInput(newFile);
+      const Input before = readInput(oldFile, readOptions()), after = readInput(newFile, readOptions());
       if (before.table && after.table) {
         script = Diff(*before.table, *after.table, options);
       } else {
@@ -152,6 +201,25 @@ int main(int argc, char** argv) {
                             after.table ? SchemaOfTable(*after.table) : after.schema,
                             options);
       }
+    } else if (*import) {
+      isScript = false;
+      Schema schema;
+      schema.release = release;
+      qarvelt::ddl::ReadReport report;
+      for (const std::string& file : scriptFiles)
+        qarvelt::ddl::ApplyScript(schema, readFile(file), file, readOptions(), report);
+      tell(report);
+      std::cerr << "qarvelt: " << DescribeSchema(schema) << "\n";
+      text = WriteSchema(schema);
+    } else if (*apply) {
+      isScript = false;
+      Input input = readInput(schemaFile, readOptions());
+      Schema schema =
+          ResolveSchemaNames(input.table ? SchemaOfTable(*input.table) : input.schema, options.preserve_case);
+      qarvelt::ddl::ReadReport report;
+      qarvelt::ddl::ApplyScript(schema, readFile(applyFile), applyFile, readOptions(), report);
+      tell(report);
+      text = WriteSchema(schema);
     } else if (*render) {
       script = Render(readFile(statementFile), statementFile);
     } else {

@@ -1,10 +1,14 @@
 // WriteTable: a table description as a table document, the inverse of ReadTable. Only what holds a
 // value is written, under the document's own keys and in the order the README lists them, so that
 // a written document reads back to the same description.
+#include <algorithm>
+#include <cctype>
+
 #include <nlohmann/json.hpp>
 
 #include "common.h"
 #include "qarvelt/model/document.h"
+#include "qarvelt/model/schema.h"
 
 namespace qarvelt::model {
 
@@ -251,7 +255,9 @@ Object partitioning(const Partitioning& p) {
 
 }  // namespace
 
-std::string WriteTable(const Table& t) {
+namespace {
+
+Object table(const Table& t) {
   Object o = Object::object();
   text(o, "schema", t.schema);
   text(o, "name", t.name);
@@ -279,7 +285,111 @@ std::string WriteTable(const Table& t) {
   for (const Index& x : t.indexes)
     o["indexes"].push_back(index(x));
   if (!t.partitioning.type.empty()) o["partitioning"] = partitioning(t.partitioning);
+  return o;
+}
+
+std::string dump(const Object& o) {
   return o.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+}
+
+// A whole number as a JSON number, or as text when it is beyond what JSON readers hold exactly.
+void number(Object& o, const char* key, const std::string& value) {
+  if (value.empty()) return;
+  if (value.size() < 18) {
+    o[key] = std::stoll(value);
+  } else {
+    o[key] = value;
+  }
+}
+
+std::string lower(std::string text) {
+  for (char& c : text)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
+}
+
+}  // namespace
+
+std::string WriteTable(const Table& t) {
+  return dump(table(t));
+}
+
+std::string WriteSchema(const Schema& s) {
+  Object o = Object::object();
+  text(o, "schema", s.name);
+  o["release"] = s.release;
+  for (const Sequence& q : s.sequences) {
+    Object x = Object::object();
+    text(x, "name", q.name);
+    text(x, "renamed_from", q.renamed_from);
+    number(x, "start_with", q.start_with);
+    number(x, "increment_by", q.increment_by);
+    number(x, "minvalue", q.minvalue);
+    number(x, "maxvalue", q.maxvalue);
+    keyword(x, "cycle", q.cycle, "CYCLE", "NOCYCLE");
+    if (q.cache == "NOCACHE") x["cache"] = false;
+    if (q.cache != "NOCACHE") number(x, "cache", q.cache);
+    keyword(x, "order", q.order, "ORDER", "NOORDER");
+    o["sequences"].push_back(x);
+  }
+  for (const Table& t : s.tables) {
+    Object x = table(t);
+    // A table of a schema document inherits the schema and the release.
+    if (t.schema == s.name) x.erase("schema");
+    if (t.release == s.release) x.erase("release");
+    o["tables"].push_back(x);
+  }
+  for (const SchemaIndex& i : s.indexes) {
+    Object x = index(i.index);
+    x["table"] = i.table;
+    o["indexes"].push_back(x);
+  }
+  for (const View& v : s.views) {
+    Object x = Object::object();
+    text(x, "name", v.name);
+    text(x, "renamed_from", v.renamed_from);
+    texts(x, "columns", v.columns);
+    text(x, "query", v.query);
+    flag(x, "force", v.force);
+    flag(x, "read_only", v.read_only);
+    flag(x, "check_option", v.check_option);
+    o["views"].push_back(x);
+  }
+  for (const MaterializedView& m : s.materialized_views) {
+    Object x = Object::object();
+    text(x, "name", m.name);
+    text(x, "query", m.query);
+    if (!m.build.empty()) x["build"] = m.build == "IMMEDIATE" ? "immediate" : "deferred";
+    Object refresh = Object::object();
+    if (!m.refresh_method.empty()) refresh["method"] = lower(m.refresh_method);
+    if (!m.refresh_on.empty()) refresh["on"] = lower(m.refresh_on);
+    if (!refresh.empty()) x["refresh"] = refresh;
+    keyword(x, "query_rewrite", m.query_rewrite, "ENABLE", "DISABLE");
+    text(x, "tablespace", m.tablespace);
+    o["materialized_views"].push_back(x);
+  }
+  for (const Synonym& y : s.synonyms) {
+    Object x = Object::object();
+    text(x, "name", y.name);
+    flag(x, "public", y.is_public);
+    x["target"] = y.target_schema.empty() ? y.target : y.target_schema + "." + y.target;
+    text(x, "dblink", y.dblink);
+    o["synonyms"].push_back(x);
+  }
+  for (const Trigger& t : s.triggers) {
+    Object x = Object::object();
+    text(x, "name", t.name);
+    x["timing"] = lower(t.timing);
+    for (const std::string& e : t.events)
+      x["events"].push_back(lower(e.substr(0, 9)) + e.substr(std::min<std::size_t>(9, e.size())));
+    text(x, "table", t.table);
+    flag(x, "for_each_row", t.for_each_row);
+    text(x, "when", t.when);
+    text(x, "body", t.body);
+    keyword(x, "enabled", t.enabled, "ENABLE", "DISABLE");
+    o["triggers"].push_back(x);
+  }
+  return dump(o);
 }
 
 }  // namespace qarvelt::model

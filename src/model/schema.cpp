@@ -18,6 +18,7 @@
 #include "create_support.h"
 #include "document_reader.h"
 #include "identifiers.h"
+#include "qarvelt/ddl/reader.h"
 #include "schema_support.h"
 
 namespace qarvelt::model {
@@ -523,6 +524,46 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
   return s;
 }
 
+Schema ResolveSchemaNames(const Schema& schema, bool preserveCase) {
+  Options options;
+  options.preserve_case = preserveCase;
+  const ObjectWriter w(schema.name, schema.release, options);
+  auto fold = [&](std::string& name) { name = w.Fold(name); };
+  Schema s = schema;
+  fold(s.name);
+  s.tables = w.Tables(schema);
+  s.indexes.clear();
+  for (Table& t : s.tables) {
+    t.schema = s.name;
+    fold(t.renamed_from);
+  }
+  for (Sequence& q : s.sequences) {
+    fold(q.name);
+    fold(q.renamed_from);
+  }
+  for (View& v : s.views) {
+    fold(v.name);
+    fold(v.renamed_from);
+    for (std::string& c : v.columns)
+      fold(c);
+  }
+  for (MaterializedView& m : s.materialized_views) {
+    fold(m.name);
+    fold(m.tablespace);
+  }
+  for (Synonym& y : s.synonyms) {
+    fold(y.name);
+    fold(y.target);
+    fold(y.target_schema);
+    if (y.target_schema.empty()) y.target_schema = s.name;
+  }
+  for (Trigger& t : s.triggers) {
+    fold(t.name);
+    fold(t.table);
+  }
+  return s;
+}
+
 Schema SchemaOfTable(const Table& table) {
   Schema s;
   s.name = table.schema;
@@ -549,25 +590,32 @@ Script DiffDocuments(const std::string& before,
   return DiffSchema(read(before, oldSource), read(after, newSource), options);
 }
 
-Schema ReadSchemaFolder(const std::string& folder) {
+Schema ReadSchemaFolder(const std::string& folder, const ddl::ReadOptions& options, ddl::ReadReport& report) {
   namespace fs = std::filesystem;
   std::error_code error;
-  std::vector<fs::path> files;
+  std::vector<fs::path> files, scripts;
   for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    if (it->path().extension() == ".json" && it->is_regular_file()) files.push_back(it->path());
+    if (!it->is_regular_file()) continue;
+    if (it->path().extension() == ".json") files.push_back(it->path());
+    if (it->path().extension() == ".sql") scripts.push_back(it->path());
   }
   if (error) throw Failure(kExitBadInput, folder, "cannot be read: " + error.message());
-  if (files.empty()) throw Failure(kExitBadInput, folder, "holds no .json document");
+  if (files.empty() && scripts.empty())
+    throw Failure(kExitBadInput, folder, "holds no .json document and no .sql script");
   std::sort(files.begin(), files.end());
-  Schema s;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    const std::string source = files[i].string();
-    std::ifstream in(files[i], std::ios::binary);
+  std::sort(scripts.begin(), scripts.end());
+  auto read = [](const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
-    if (!in) throw Failure(kExitBadInput, source, "cannot be read");
-    Schema part = IsSchemaDocument(text.str()) ? ReadSchema(text.str(), source)
-                                               : SchemaOfTable(ReadTable(text.str(), source));
+    if (!in) throw Failure(kExitBadInput, file.string(), "cannot be read");
+    return text.str();
+  };
+  Schema s;
+  s.release = options.release;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const std::string source = files[i].string(), text = read(files[i]);
+    Schema part = IsSchemaDocument(text) ? ReadSchema(text, source) : SchemaOfTable(ReadTable(text, source));
     if (i == 0) {
       s.name = part.name;
       s.release = part.release;
@@ -589,6 +637,8 @@ Schema ReadSchemaFolder(const std::string& folder) {
     append(s.indexes, part.indexes);
     append(s.triggers, part.triggers);
   }
+  for (const fs::path& script : scripts)
+    ddl::ApplyScript(s, read(script), script.string(), options, report);
   return s;
 }
 

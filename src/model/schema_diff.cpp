@@ -116,11 +116,13 @@ Table withoutRenames(Table t) {
 
 class SchemaDiffer {
  public:
+  // Every name is resolved once, here, so that objects compare as the statements write them.
   SchemaDiffer(const Schema& before, const Schema& after, const Options& options)
-      : m_before(before), m_after(after), m_options(options), m_w(after.name, after.release, options) {
-    m_resolved = options;
-    m_resolved.preserve_case = true;  // the tables' names are resolved once, here
-  }
+      : m_before(ResolveSchemaNames(before, options.preserve_case)),
+        m_after(ResolveSchemaNames(after, options.preserve_case)),
+        m_options(options),
+        m_resolved(resolved(options)),
+        m_w(m_after.name, m_after.release, m_resolved) {}
 
   Script run();
 
@@ -195,8 +197,13 @@ class SchemaDiffer {
   void views();
   void laterObjects();
 
-  const Schema& m_before;
-  const Schema& m_after;
+  static Options resolved(Options options) {
+    options.preserve_case = true;
+    return options;
+  }
+
+  const Schema m_before;
+  const Schema m_after;
   const Options& m_options;
   Options m_resolved;
   ObjectWriter m_w;

@@ -14,6 +14,11 @@
 #include "qarvelt/model/script.h"
 #include "qarvelt/model/table.h"
 
+namespace qarvelt::ddl {
+struct ReadOptions;
+struct ReadReport;
+}  // namespace qarvelt::ddl
+
 namespace qarvelt::model {
 
 struct Sequence {
@@ -83,6 +88,9 @@ Schema ReadSchema(const std::string& text, const std::string& source = "document
 // True when `text` is a JSON object without "columns" and with one of the object lists ("tables",
 // "sequences", ...): a schema document rather than a table document.
 bool IsSchemaDocument(const std::string& text);
+// The schema document of a description, the inverse of ReadSchema: only what holds a value is
+// written, and a table leaves out the schema and release it inherits.
+std::string WriteSchema(const Schema& schema);
 // What the schema holds, for a note to the user: "schema APP: 2 tables, 1 sequence, 1 view".
 std::string DescribeSchema(const Schema& schema);
 
@@ -112,12 +120,18 @@ Script DiffDocuments(const std::string& before,
                      const std::string& newSource,
                      const Options& options = {});
 
+// The schema with every name as the statements write it (folded to upper case unless
+// `preserveCase`, references qualified with the schema) and the schema-level indexes placed in
+// their tables: the form a DDL script read back has.
+Schema ResolveSchemaNames(const Schema& schema, bool preserveCase = false);
+
 // A table document as a schema of one table, so that it can be compared with a schema.
 Schema SchemaOfTable(const Table& table);
-// Reads every "*.json" document of a folder, in the order of their names, into one schema: table
-// documents add a table, schema documents all they hold. The documents must agree on the schema and
-// the release. Throws Error (BadInput) naming the file at fault.
-Schema ReadSchemaFolder(const std::string& folder);
+// Reads every document (*.json) and DDL script (*.sql) of a folder into one schema: the documents in
+// the order of their names (table documents add a table, schema documents all they hold), then the
+// scripts, applied in the order of their names. The documents must agree on the schema and the
+// release. Throws Error (BadInput) naming the file at fault; the scripts' notes go to `report`.
+Schema ReadSchemaFolder(const std::string& folder, const ddl::ReadOptions& options, ddl::ReadReport& report);
 
 }  // namespace qarvelt::model
 

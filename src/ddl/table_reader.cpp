@@ -1,0 +1,749 @@
+// CREATE TABLE and ALTER TABLE into table descriptions.
+#include <algorithm>
+
+#include "readers.h"
+
+namespace qarvelt::ddl {
+
+namespace {
+
+using model::Column;
+using model::Constraint;
+using model::Partition;
+using model::Table;
+
+// Words that end a column's default or a constraint's condition written without brackets.
+#define QARVELT_COLUMN_STOPS \
+  "NOT", "NULL", "CONSTRAINT", "PRIMARY", "UNIQUE", "CHECK", "REFERENCES", "ENABLE", "DISABLE", "COLLATE"
+
+// A data type: its name as the catalogue has it, and its sizes.
+void readDataType(Parser& p, Column& c) {
+  const Token& at = p.Peek();
+  std::string type = p.Identifier("a data type");
+  auto sizes = [&](bool scale, bool unit) {
+    if (!p.AcceptOp("(")) return;
+    c.length = p.IsOp("*") ? p.Take().text : p.Integer("a length or precision");
+    if (scale && p.AcceptOp(",")) c.scale = p.Integer("a scale");
+    if (unit && (p.IsWord("BYTE") || p.IsWord("CHAR"))) c.unit = p.Take().value;
+    p.ExpectOp(")");
+  };
+  // A precision that Oracle writes but the description leaves to its default.
+  auto defaultPrecision = [&](const char* fallback) {
+    if (!p.AcceptOp("(")) return;
+    const std::string n = p.Integer("a precision");
+    p.ExpectOp(")");
+    if (n != fallback) {
+      p.FailAt(at,
+               type + " with a precision of " + n + " cannot be described: only the default (" + fallback +
+                   ") is kept");
+    }
+  };
+  if (type == "LONG" && p.Accept("RAW")) type = "LONG RAW";
+  if (type == "DOUBLE" && p.Accept("PRECISION")) type = "FLOAT";
+  if (type == "CHARACTER" && p.Accept("VARYING")) type = "VARCHAR2";
+  if (type == "INT") type = "INTEGER";
+  if (type == "TIMESTAMP") {
+    std::string precision;
+    if (p.AcceptOp("(")) {
+      precision = p.Integer("a precision");
+      p.ExpectOp(")");
+    }
+    if (p.Accept("WITH")) {
+      type = p.Accept("LOCAL") ? "TIMESTAMP WITH LOCAL TIME ZONE" : "TIMESTAMP WITH TIME ZONE";
+      p.Expect("TIME");
+      p.Expect("ZONE");
+      if (!precision.empty() && precision != "6") {
+        p.FailAt(at,
+                 type + " with a precision of " + precision +
+                     " cannot be described: only the default (6) is kept");
+      }
+    } else {
+      c.length = precision;
+    }
+  } else if (type == "INTERVAL") {
+    if (p.Accept("YEAR")) {
+      defaultPrecision("2");
+      p.Expect("TO");
+      p.Expect("MONTH");
+      type = "INTERVAL YEAR TO MONTH";
+    } else {
+      p.Expect("DAY");
+      defaultPrecision("2");
+      p.Expect("TO");
+      p.Expect("SECOND");
+      defaultPrecision("6");
+      type = "INTERVAL DAY TO SECOND";
+    }
+  } else if (type == "VECTOR") {
+    if (p.AcceptOp("(")) {
+      c.length = p.IsOp("*") ? p.Take().text : p.Integer("a number of dimensions");
+      if (p.AcceptOp(",")) c.scale = p.IsOp("*") ? p.Take().text : p.Identifier("a vector format");
+      p.ExpectOp(")");
+    }
+  } else if (type == "VARCHAR2" || type == "CHAR" || type == "VARCHAR") {
+    sizes(false, true);
+  } else {
+    sizes(type == "NUMBER" || type == "DECIMAL" || type == "NUMERIC", false);
+  }
+  c.type = type;
+}
+
+// The state of a constraint, as far as the description keeps it; the USING INDEX clause keeps its
+// index name and tablespace.
+void readState(Parser& p, model::ConstraintState& s) {
+  for (;;) {
+    if (p.AcceptWords({"NOT", "DEFERRABLE"})) {
+      s.deferrable = "NOT DEFERRABLE";
+    } else if (p.Accept("DEFERRABLE")) {
+      s.deferrable = "DEFERRABLE";
+    } else if (p.Accept("INITIALLY")) {
+      s.initially = p.ExpectOneOf({"IMMEDIATE", "DEFERRED"});
+    } else if (p.IsWord("RELY") || p.IsWord("NORELY")) {
+      s.rely = p.Take().value;
+    } else if (p.IsWord("ENABLE") || p.IsWord("DISABLE")) {
+      s.enable = p.Take().value;
+    } else if (p.IsWord("VALIDATE") || p.IsWord("NOVALIDATE")) {
+      s.validate = p.Take().value;
+    } else if (p.Accept("USING")) {
+      p.Expect("INDEX");
+      if (p.IsOp("(")) {
+        p.FailAt(p.Peek(), "USING INDEX (CREATE INDEX ...) cannot be described: create the index first");
+      }
+      if (!p.IsWord("PCTFREE") && !p.IsWord("TABLESPACE") && !p.IsWord("INITRANS") && !p.IsWord("MAXTRANS") &&
+          !p.IsWord("STORAGE") && !p.IsWord("COMPUTE") && !p.IsWord("LOCAL") && !p.IsWord("GLOBAL") &&
+          !p.IsWord("LOGGING") && !p.IsWord("NOLOGGING") &&
+          (p.Peek().Is(TokenKind::Identifier) || p.Peek().Is(TokenKind::QuotedIdentifier))) {
+        const Name index = p.QualifiedName("an index name");
+        s.index_schema = index.schema;
+        s.index_name = index.name;
+        continue;
+      }
+      const Token& at = p.Peek();
+      model::Segment ignored;
+      bool dropped = false;
+      for (;;) {
+        if (ReadSegment(p, ignored)) {
+          dropped = true;
+        } else if (p.Accept("TABLESPACE")) {
+          s.index_tablespace = p.Identifier("a tablespace");
+        } else if (p.AcceptWords({"COMPUTE", "STATISTICS"}) || p.Accept("LOGGING") || p.Accept("NOLOGGING")) {
+        } else {
+          break;
+        }
+      }
+      if (dropped)
+        p.Note(at, "the physical attributes of the key's index are not kept (only its tablespace)");
+    } else if (p.AcceptWords({"EXCEPTIONS", "INTO"})) {
+      p.QualifiedName("a table");
+    } else {
+      return;
+    }
+  }
+}
+
+void readReferences(Parser& p, Constraint& k) {
+  p.Expect("REFERENCES");
+  const Name target = p.QualifiedName("the referenced table");
+  k.ref_schema = target.schema;
+  k.ref_table = target.name;
+  if (p.IsOp("(")) k.ref_columns = p.NameList();
+  if (p.AcceptWords({"ON", "DELETE"}))
+    k.on_delete = p.AcceptWords({"SET", "NULL"}) ? "SET NULL" : (p.Expect("CASCADE"), "CASCADE");
+}
+
+// PRIMARY KEY (...), UNIQUE (...), FOREIGN KEY (...) REFERENCES ..., CHECK (...), after an optional
+// CONSTRAINT name.
+Constraint readOutOfLine(Parser& p) {
+  Constraint k;
+  if (p.Accept("CONSTRAINT")) k.name = p.Identifier("a constraint name");
+  if (p.AcceptWords({"PRIMARY", "KEY"})) {
+    k.type = "PRIMARY KEY";
+    k.columns = p.NameList();
+  } else if (p.Accept("UNIQUE")) {
+    k.type = "UNIQUE";
+    k.columns = p.NameList();
+  } else if (p.AcceptWords({"FOREIGN", "KEY"})) {
+    k.type = "FOREIGN KEY";
+    k.columns = p.NameList();
+    readReferences(p, k);
+  } else if (p.Accept("CHECK")) {
+    k.type = "CHECK";
+    p.ExpectOp("(");
+    k.check = p.Expression({}, "a condition");
+    p.ExpectOp(")");
+  } else {
+    p.Fail("PRIMARY KEY, UNIQUE, FOREIGN KEY or CHECK");
+  }
+  readState(p, k.state);
+  return k;
+}
+
+void readIdentityOptions(Parser& p, model::Identity& id) {
+  if (!p.AcceptOp("(")) return;
+  while (!p.AcceptOp(")")) {
+    if (p.AcceptWords({"START", "WITH"})) {
+      id.start_with = p.Integer();
+    } else if (p.AcceptWords({"INCREMENT", "BY"})) {
+      id.increment_by = p.Integer();
+    } else if (p.Accept("MAXVALUE")) {
+      id.maxvalue = p.Integer();
+    } else if (p.Accept("MINVALUE")) {
+      id.minvalue = p.Integer();
+    } else if (p.Accept("CACHE")) {
+      id.cache = p.Integer();
+    } else if (p.Accept("NOCACHE")) {
+      id.nocache = true;
+    } else if (p.IsWord("CYCLE") || p.IsWord("NOCYCLE")) {
+      id.cycle = p.Take().value;
+    } else if (p.IsWord("ORDER") || p.IsWord("NOORDER")) {
+      id.order = p.Take().value;
+    } else if (p.Accept("NOMAXVALUE") || p.Accept("NOMINVALUE") || p.Accept("NOKEEP") ||
+               p.Accept("NOSCALE")) {
+    } else {
+      p.Fail("an identity option");
+    }
+    p.AcceptOp(",");
+  }
+}
+
+// A column definition, with its inline constraints; a foreign key or a second named constraint goes
+// among the table's constraints.
+void readColumn(Parser& p, Table& t, bool* nullable = nullptr) {
+  Column c;
+  c.name = p.Identifier("a column name");
+  // The data type, unless what follows is already a column attribute (ALTER TABLE ... MODIFY (c NOT
+  // NULL), a virtual column without its type).
+  bool typed = !p.AtEnd() && !p.IsOp(",") && !p.IsOp(")");
+  for (std::string_view word : {"GENERATED", "AS", QARVELT_COLUMN_STOPS, "DEFAULT", "VISIBLE", "INVISIBLE"})
+    typed = typed && !p.IsWord(word);
+  if (typed) readDataType(p, c);
+  for (;;) {
+    const Token& at = p.Peek();
+    if (p.Accept("SORT") || p.Accept("VISIBLE")) {
+    } else if (p.Accept("INVISIBLE")) {
+      c.invisible = true;
+    } else if (p.Accept("COLLATE")) {
+      c.collation = p.Identifier("a collation");
+    } else if (p.Accept("DEFAULT")) {
+      if (p.AcceptWords({"ON", "NULL"})) c.default_on_null = true;
+      c.default_value = p.Expression({QARVELT_COLUMN_STOPS}, "a default");
+    } else if (p.Accept("GENERATED")) {
+      if (p.Accept("ALWAYS")) {
+        c.identity.generated = "ALWAYS";
+      } else {
+        p.Expect("BY");
+        p.Expect("DEFAULT");
+        c.identity.generated = p.AcceptWords({"ON", "NULL"}) ? "BY DEFAULT ON NULL" : "BY DEFAULT";
+      }
+      p.Expect("AS");
+      if (p.Accept("IDENTITY")) {
+        readIdentityOptions(p, c.identity);
+      } else {
+        if (c.identity.generated != "ALWAYS") p.Fail("IDENTITY");
+        c.identity.generated.clear();
+        p.ExpectOp("(");
+        c.virtual_expr = p.Expression({}, "the virtual column's expression");
+        p.ExpectOp(")");
+        p.Accept("VIRTUAL");
+      }
+    } else if (p.Accept("AS")) {
+      p.ExpectOp("(");
+      c.virtual_expr = p.Expression({}, "the virtual column's expression");
+      p.ExpectOp(")");
+      p.Accept("VIRTUAL");
+    } else if (p.Accept("ENCRYPT")) {
+      p.Warn(at, "column " + c.name + ": ENCRYPT is not kept");
+      p.SkipClause({QARVELT_COLUMN_STOPS});
+    } else {
+      std::string name;
+      const bool named = p.Accept("CONSTRAINT");
+      if (named) name = p.Identifier("a constraint name");
+      auto keep = [&](bool& flag) {
+        flag = true;
+        if (!named) return;
+        if (c.constraint_name.empty()) {
+          c.constraint_name = name;
+          return;
+        }
+        p.FailAt(at, "column " + c.name + " has two named inline constraints; write one of them out of line");
+      };
+      model::ConstraintState state;
+      if (p.AcceptWords({"NOT", "NULL"})) {
+        keep(c.not_null);
+      } else if (p.Accept("NULL")) {
+        if (nullable != nullptr) *nullable = true;
+      } else if (p.AcceptWords({"PRIMARY", "KEY"})) {
+        keep(c.primary_key);
+      } else if (p.Accept("UNIQUE")) {
+        keep(c.unique);
+      } else if (p.Accept("CHECK")) {
+        bool given = false;
+        keep(given);
+        p.ExpectOp("(");
+        c.check = p.Expression({}, "a condition");
+        p.ExpectOp(")");
+      } else if (p.IsWord("REFERENCES")) {
+        Constraint k;
+        k.name = name;
+        k.type = "FOREIGN KEY";
+        k.columns = {c.name};
+        readReferences(p, k);
+        readState(p, k.state);
+        t.constraints.push_back(k);
+        continue;
+      } else if (named) {
+        p.Fail("a constraint");
+      } else {
+        break;
+      }
+      readState(p, state);
+      if (state.enable == "DISABLE" || state.validate == "NOVALIDATE" || state.deferrable == "DEFERRABLE" ||
+          !state.index_name.empty() || !state.index_tablespace.empty()) {
+        p.Warn(
+            at,
+            "column " + c.name + ": the state of an inline constraint is not kept; declare it out of line");
+      }
+    }
+  }
+  t.columns.push_back(std::move(c));
+}
+
+bool readLobParameters(Parser& p, model::LobStorage& lob) {
+  const Token& at = p.Peek();
+  if (p.Accept("TABLESPACE")) {
+    lob.tablespace = p.Identifier("a tablespace");
+  } else if (p.AcceptWords({"ENABLE", "STORAGE", "IN", "ROW"})) {
+    lob.in_row = "ENABLE";
+  } else if (p.AcceptWords({"DISABLE", "STORAGE", "IN", "ROW"})) {
+    lob.in_row = "DISABLE";
+  } else if (p.Accept("CHUNK")) {
+    lob.chunk = p.Integer();
+  } else if (p.Accept("PCTVERSION")) {
+    lob.pctversion = p.Integer();
+  } else if (p.Accept("RETENTION")) {
+    lob.retention = "RETENTION";
+    if (p.IsWord("AUTO") || p.IsWord("NONE") || p.IsWord("MIN") || p.IsWord("MAX")) {
+      p.Take();
+      if (p.Peek().Is(TokenKind::Number)) p.Take();
+    }
+  } else if (p.AcceptWords({"CACHE", "READS"})) {
+    lob.cache = "CACHE READS";
+  } else if (p.Accept("CACHE") || p.Accept("NOCACHE")) {
+    lob.cache = at.value;
+    if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) lob.logging = p.Take().value;
+  } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+    lob.logging = p.Take().value;
+  } else if (p.Accept("STORAGE")) {
+    p.Note(at, "the STORAGE clause of a LOB segment is not kept");
+    p.SkipBrackets();
+  } else if (p.Accept("INDEX")) {
+    p.Note(at, "the LOB index clause is not kept");
+    if (!p.IsOp("(")) p.Identifier();
+    p.SkipBrackets();
+  } else if (p.Accept("NOCOMPRESS") || p.Accept("KEEP_DUPLICATES") || p.AcceptWords({"ENCRYPT"}) ||
+             p.Accept("DECRYPT")) {
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// LOB (a, b) STORE AS [SECUREFILE | BASICFILE] [segment] (parameters).
+void readLobStorage(Parser& p, Table& t, std::vector<model::PartitionLob>* partition) {
+  const std::vector<std::string> columns = p.NameList();
+  p.Expect("STORE");
+  p.Expect("AS");
+  const Token& at = p.Peek();
+  if (p.Accept("SECUREFILE")) p.Note(at, "SECUREFILE is not kept (Oracle's default from 12c)");
+  p.Accept("BASICFILE");
+  model::LobStorage lob;
+  if (!p.IsOp("(")) lob.segment = p.Identifier("a LOB segment name");
+  if (p.AcceptOp("(")) {
+    while (!p.AcceptOp(")")) {
+      if (!readLobParameters(p, lob)) p.Fail("a LOB storage parameter");
+    }
+  }
+  for (const std::string& name : columns) {
+    if (partition != nullptr) {
+      partition->push_back({name, lob});
+      continue;
+    }
+    auto column =
+        std::find_if(t.columns.begin(), t.columns.end(), [&](const Column& c) { return c.name == name; });
+    if (column == t.columns.end())
+      p.FailAt(at, "LOB storage of " + name + ", which is no column of the table");
+    column->lob = lob;
+  }
+}
+
+// A compression clause, when one comes next: its keyword text as the description keeps it.
+bool readCompression(Parser& p, std::string& compress) {
+  if (p.Accept("NOCOMPRESS")) {
+    compress = "NOCOMPRESS";
+  } else if (p.AcceptWords({"ROW", "STORE", "COMPRESS"})) {
+    compress = p.Accept("ADVANCED") ? "ROW STORE COMPRESS ADVANCED" : (p.Accept("BASIC"), "COMPRESS BASIC");
+  } else if (p.AcceptWords({"COLUMN", "STORE", "COMPRESS", "FOR"})) {
+    const std::string kind = p.ExpectOneOf({"QUERY", "ARCHIVE"});
+    const std::string level = p.IsWord("LOW") || p.IsWord("HIGH") ? p.Take().value : "HIGH";
+    compress = "COLUMN STORE COMPRESS FOR " + kind + " " + level;
+    p.AcceptWords({"NO", "ROW", "LEVEL", "LOCKING"});
+  } else if (p.Accept("COMPRESS")) {
+    compress = "COMPRESS";
+    if (p.Accept("BASIC")) compress = "COMPRESS BASIC";
+    if (p.AcceptWords({"FOR", "OLTP"}) || p.AcceptWords({"FOR", "ALL", "OPERATIONS"}))
+      compress = "COMPRESS FOR OLTP";
+    if (p.AcceptWords({"FOR", "DIRECT_LOAD", "OPERATIONS"})) compress = "COMPRESS BASIC";
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// The attributes of a partition or subpartition.
+void readPartitionAttributes(Parser& p, Table& t, Partition& part) {
+  for (;;) {
+    const Token& at = p.Peek();
+    if (ReadSegment(p, part.segment)) {
+    } else if (p.Accept("TABLESPACE")) {
+      part.tablespace = p.Identifier("a tablespace");
+    } else if (p.Accept("INDEXING")) {
+      part.indexing = p.ExpectOneOf({"ON", "OFF"});
+    } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+      part.logging = p.Take().value;
+    } else if (readCompression(p, part.compress)) {
+    } else if (p.Accept("LOB")) {
+      readLobStorage(p, t, &part.lobs);
+    } else if (p.AcceptWords({"SEGMENT", "CREATION"})) {
+      p.ExpectOneOf({"IMMEDIATE", "DEFERRED"});
+    } else if (p.IsWord("READ") && (p.IsWord("ONLY", 1) || p.IsWord("WRITE", 1))) {
+      p.Warn(at, "READ ONLY / READ WRITE of a partition is not kept");
+      p.Take();
+      p.Take();
+    } else {
+      return;
+    }
+  }
+}
+
+// VALUES LESS THAN (...) or VALUES (...): the bounds, each as written.
+std::vector<std::string> readBounds(Parser& p) {
+  std::vector<std::string> bounds;
+  p.ExpectOp("(");
+  do {
+    bounds.push_back(p.Expression({}, "a bound"));
+  } while (p.AcceptOp(","));
+  p.ExpectOp(")");
+  return bounds;
+}
+
+Partition readPartition(Parser& p, Table& t, const std::string& type, const char* keyword) {
+  Partition part;
+  p.Expect(keyword);
+  if (!p.IsWord("VALUES") && !p.IsOp("(")) part.name = p.Identifier("a partition name");
+  if (p.AcceptWords({"VALUES", "LESS", "THAN"})) {
+    part.values_less_than = readBounds(p);
+  } else if (p.Accept("VALUES")) {
+    part.values = readBounds(p);
+  } else if (type != "HASH" && type != "REFERENCE") {
+    p.Fail(type == "LIST" ? "VALUES (...)" : "VALUES LESS THAN (...)");
+  }
+  readPartitionAttributes(p, t, part);
+  if (p.AcceptOp("(")) {
+    do {
+      part.subpartitions.push_back(readPartition(p, t, t.partitioning.subtype, "SUBPARTITION"));
+    } while (p.AcceptOp(","));
+    p.ExpectOp(")");
+  } else if (p.Accept("SUBPARTITIONS")) {
+    const Token& at = p.Peek();
+    p.Integer();
+    p.Warn(at, "a partition's own number of subpartitions is not kept");
+    if (p.AcceptWords({"STORE", "IN"})) p.NameList();
+  }
+  return part;
+}
+
+void readPartitioning(Parser& p, Table& t) {
+  model::Partitioning& part = t.partitioning;
+  part.type = p.ExpectOneOf({"RANGE", "LIST", "HASH", "REFERENCE"});
+  if (part.type == "REFERENCE") {
+    p.ExpectOp("(");
+    part.constraint = p.Identifier("the foreign key of the reference partitioning");
+    p.ExpectOp(")");
+    if (p.AcceptOp("(")) {
+      do {
+        part.partitions.push_back(readPartition(p, t, part.type, "PARTITION"));
+      } while (p.AcceptOp(","));
+      p.ExpectOp(")");
+    }
+    return;
+  }
+  part.columns = p.NameList();
+  if (part.type == "RANGE" && p.Accept("INTERVAL")) {
+    p.ExpectOp("(");
+    part.interval = p.Expression({}, "the interval");
+    p.ExpectOp(")");
+    if (p.AcceptWords({"STORE", "IN"})) part.interval_store_in = p.NameList();
+  }
+  if (part.type == "LIST" && p.Accept("AUTOMATIC")) part.automatic = true;
+  if (p.Accept("SUBPARTITION")) {
+    p.Expect("BY");
+    part.subtype = p.ExpectOneOf({"HASH", "LIST", "RANGE"});
+    part.subcolumns = p.NameList();
+    if (p.Accept("SUBPARTITIONS")) part.subcount = std::stoi(p.Integer());
+    if (p.AcceptWords({"SUBPARTITION", "TEMPLATE"})) {
+      if (p.Peek().Is(TokenKind::Number)) {
+        part.subcount = std::stoi(p.Integer());
+      } else {
+        p.ExpectOp("(");
+        do {
+          part.subtemplate.push_back(readPartition(p, t, part.subtype, "SUBPARTITION"));
+        } while (p.AcceptOp(","));
+        p.ExpectOp(")");
+      }
+    }
+  }
+  if (part.type == "HASH" && p.Accept("PARTITIONS")) {
+    part.count = std::stoi(p.Integer());
+    if (p.AcceptWords({"STORE", "IN"})) part.store_in = p.NameList();
+    return;
+  }
+  p.ExpectOp("(");
+  do {
+    part.partitions.push_back(readPartition(p, t, part.type, "PARTITION"));
+  } while (p.AcceptOp(","));
+  p.ExpectOp(")");
+}
+
+// The table's properties after its columns, in any order.
+void readTableProperties(Parser& p, Table& t) {
+  while (!p.AtEnd()) {
+    const Token& at = p.Peek();
+    if (ReadSegment(p, t.segment)) {
+    } else if (p.Accept("TABLESPACE")) {
+      t.tablespace = p.Identifier("a tablespace");
+    } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+      t.logging = p.Take().value;
+    } else if (readCompression(p, t.compress)) {
+    } else if (p.IsWord("CACHE") || p.IsWord("NOCACHE")) {
+      t.cache = p.Take().value;
+    } else if (p.IsWord("MONITORING") || p.IsWord("NOMONITORING")) {
+      t.monitoring = p.Take().value;
+    } else if (p.Accept("NOPARALLEL")) {
+      t.parallel = "NOPARALLEL";
+    } else if (p.Accept("PARALLEL")) {
+      t.parallel = p.Peek().Is(TokenKind::Number) ? p.Integer() : "PARALLEL";
+    } else if (p.AcceptWords({"ENABLE", "ROW", "MOVEMENT"})) {
+      t.row_movement = "ENABLE";
+    } else if (p.AcceptWords({"DISABLE", "ROW", "MOVEMENT"})) {
+      t.row_movement = "DISABLE";
+    } else if (p.Accept("ORGANIZATION")) {
+      t.organization = p.ExpectOneOf({"HEAP", "INDEX"});
+      if (t.organization == "HEAP") t.organization.clear();
+    } else if (p.AcceptWords({"SEGMENT", "CREATION"})) {
+      p.ExpectOneOf({"IMMEDIATE", "DEFERRED"});
+    } else if (p.AcceptWords({"ON", "COMMIT"})) {
+      t.on_commit = p.ExpectOneOf({"DELETE", "PRESERVE"});
+      p.Expect("ROWS");
+    } else if (p.Accept("LOB")) {
+      readLobStorage(p, t, nullptr);
+    } else if (p.AcceptWords({"PARTITION", "BY"})) {
+      readPartitioning(p, t);
+    } else if (p.Accept("ROWDEPENDENCIES") || p.Accept("NOROWDEPENDENCIES") || p.Accept("RESULT_CACHE") ||
+               p.Accept("INMEMORY") || p.AcceptWords({"NO", "INMEMORY"}) || p.Accept("FLASHBACK") ||
+               p.Accept("PCTTHRESHOLD") || p.Accept("OVERFLOW") || p.Accept("INCLUDING") ||
+               p.Accept("MAPPING")) {
+      p.Warn(at, at.value + " is not kept");
+      if (p.Peek().Is(TokenKind::Number) || p.Peek().Is(TokenKind::Identifier)) {
+        if (!p.IsWord("TABLESPACE") && !p.IsWord("PCTFREE")) p.Take();
+      }
+      p.SkipBrackets();
+    } else if (p.Accept("AS")) {
+      p.FailAt(at, "CREATE TABLE ... AS SELECT cannot be described: its columns come from a query");
+    } else {
+      p.Fail("a table property or the end of the statement");
+    }
+  }
+}
+
+}  // namespace
+
+bool ReadSegment(Parser& p, model::Segment& s) {
+  bool read = false;
+  for (;;) {
+    if (p.Accept("PCTFREE")) {
+      s.pctfree = p.Integer();
+    } else if (p.Accept("PCTUSED")) {
+      s.pctused = p.Integer();
+    } else if (p.Accept("INITRANS")) {
+      s.initrans = p.Integer();
+    } else if (p.Accept("MAXTRANS")) {
+      s.maxtrans = p.Integer();
+    } else if (p.Accept("STORAGE")) {
+      p.ExpectOp("(");
+      while (!p.AcceptOp(")")) {
+        if (p.Accept("INITIAL")) {
+          s.initial = p.Size();
+        } else if (p.Accept("NEXT")) {
+          s.next = p.Size();
+        } else if (p.Accept("MINEXTENTS")) {
+          s.minextents = p.Integer();
+        } else if (p.Accept("MAXEXTENTS")) {
+          s.maxextents = p.Accept("UNLIMITED") ? "UNLIMITED" : p.Integer();
+        } else if (p.Accept("PCTINCREASE")) {
+          s.pctincrease = p.Integer();
+        } else if (p.AcceptWords({"FREELIST", "GROUPS"})) {
+          s.freelist_groups = p.Integer();
+        } else if (p.Accept("FREELISTS")) {
+          s.freelists = p.Integer();
+        } else if (p.Accept("BUFFER_POOL")) {
+          s.buffer_pool = p.ExpectOneOf({"DEFAULT", "KEEP", "RECYCLE"});
+        } else if (p.Accept("FLASH_CACHE") || p.Accept("CELL_FLASH_CACHE")) {
+          // Exadata's flash cache: DEFAULT unless tuned, and not kept.
+          const Token& at = p.Peek();
+          if (p.ExpectOneOf({"DEFAULT", "KEEP", "NONE"}) != "DEFAULT")
+            p.Warn(at, "the flash cache setting is not kept");
+        } else if (p.Accept("MAXSIZE")) {
+          if (!p.Accept("UNLIMITED")) p.Size();
+        } else {
+          p.Fail("a storage parameter");
+        }
+      }
+    } else {
+      return read;
+    }
+    read = true;
+  }
+}
+
+void ReadCreateTable(Parser& p, Context& c) {
+  Table t;
+  t.release = c.options().release;
+  if (p.AcceptWords({"GLOBAL", "TEMPORARY"})) t.temporary = true;
+  p.Expect("TABLE");
+  p.AcceptWords({"IF", "NOT", "EXISTS"});
+  const Token& at = p.Peek();
+  const Name name = p.QualifiedName("a table name");
+  c.CheckSchema(p, name, at);
+  t.schema = c.schema().name;
+  t.name = name.name;
+  if (c.FindTable(t.name) != nullptr) p.FailAt(at, "a second table " + t.name);
+  if (p.Accept("OF")) p.FailAt(at, "object tables cannot be described");
+  p.ExpectOp("(");
+  do {
+    if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"}) ||
+        (p.IsWord("UNIQUE") && p.IsOp("(", 1)) || (p.IsWord("CHECK") && p.IsOp("(", 1))) {
+      t.constraints.push_back(readOutOfLine(p));
+    } else if (p.AreWords({"SUPPLEMENTAL", "LOG"})) {
+      p.Warn(p.Peek(), "supplemental log groups are not kept");
+      p.SkipClause();
+    } else {
+      readColumn(p, t);
+    }
+  } while (p.AcceptOp(","));
+  p.ExpectOp(")");
+  readTableProperties(p, t);
+  c.schema().tables.push_back(std::move(t));
+}
+
+void ReadAlterTable(Parser& p, Context& c) {
+  p.Expect("TABLE");
+  const Token& at = p.Peek();
+  Table& t = c.Table(p, p.QualifiedName("a table name"), at);
+  auto column = [&](const std::string& name, const Token& where) -> Column& {
+    auto found =
+        std::find_if(t.columns.begin(), t.columns.end(), [&](const Column& k) { return k.name == name; });
+    if (found == t.columns.end()) p.FailAt(where, "table " + t.name + " has no column " + name);
+    return *found;
+  };
+  auto constraint = [&](const std::string& name, const Token& where) {
+    auto found = std::find_if(
+        t.constraints.begin(), t.constraints.end(), [&](const Constraint& k) { return k.name == name; });
+    if (found == t.constraints.end()) p.FailAt(where, "table " + t.name + " has no constraint " + name);
+    return found;
+  };
+  // One ALTER TABLE may hold several clauses: ADD (...) MODIFY (...).
+  while (!p.AtEnd()) {
+    if (p.Accept("ADD")) {
+      if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"}) ||
+          p.IsWord("UNIQUE") || p.IsWord("CHECK")) {
+        t.constraints.push_back(readOutOfLine(p));
+        continue;
+      }
+      const bool bracketed = p.AcceptOp("(");
+      do {
+        if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"})) {
+          t.constraints.push_back(readOutOfLine(p));
+        } else {
+          readColumn(p, t);
+        }
+      } while (bracketed && p.AcceptOp(","));
+      if (bracketed) p.ExpectOp(")");
+    } else if (p.Accept("MODIFY")) {
+      if (p.Accept("CONSTRAINT")) {
+        const Token& where = p.Peek();
+        auto k = constraint(p.Identifier("a constraint name"), where);
+        readState(p, k->state);
+        continue;
+      }
+      const bool bracketed = p.AcceptOp("(");
+      do {
+        const Token& where = p.Peek();
+        Table changed;
+        bool nullable = false;
+        readColumn(p, changed, &nullable);
+        Column& now = column(changed.columns.front().name, where);
+        const Column& with = changed.columns.front();
+        if (!with.type.empty()) {
+          now.type = with.type;
+          now.length = with.length;
+          now.scale = with.scale;
+          now.unit = with.unit;
+        }
+        if (!with.default_value.empty()) now.default_value = with.default_value;
+        if (with.not_null) now.not_null = true;
+        if (nullable) now.not_null = false;
+        if (with.invisible) now.invisible = true;
+        if (p.IsWord("VISIBLE", 0)) now.invisible = false;
+        if (!with.virtual_expr.empty()) now.virtual_expr = with.virtual_expr;
+        if (!with.collation.empty()) now.collation = with.collation;
+        if (!with.identity.generated.empty()) now.identity = with.identity;
+      } while (bracketed && p.AcceptOp(","));
+      if (bracketed) p.ExpectOp(")");
+    } else if (p.Accept("DROP")) {
+      if (p.Accept("CONSTRAINT")) {
+        const Token& where = p.Peek();
+        t.constraints.erase(constraint(p.Identifier("a constraint name"), where));
+        p.Accept("CASCADE");
+        continue;
+      }
+      if (p.Accept("COLUMN")) {
+        const Token& where = p.Peek();
+        const std::string name = p.Identifier("a column name");
+        t.columns.erase(t.columns.begin() + (&column(name, where) - t.columns.data()));
+        continue;
+      }
+      const Token& where = p.Peek();
+      for (const std::string& name : p.NameList())
+        t.columns.erase(t.columns.begin() + (&column(name, where) - t.columns.data()));
+    } else if (p.Accept("RENAME")) {
+      if (p.Accept("COLUMN")) {
+        const Token& where = p.Peek();
+        Column& k = column(p.Identifier("a column name"), where);
+        p.Expect("TO");
+        k.name = p.Identifier("a column name");
+      } else if (p.Accept("CONSTRAINT")) {
+        const Token& where = p.Peek();
+        auto k = constraint(p.Identifier("a constraint name"), where);
+        p.Expect("TO");
+        k->name = p.Identifier("a constraint name");
+      } else {
+        p.Expect("TO");
+        c.RenameTable(t.name, p.Identifier("a table name"));
+      }
+    } else {
+      p.Fail("ADD, MODIFY, DROP or RENAME");
+    }
+  }
+}
+
+}  // namespace qarvelt::ddl
