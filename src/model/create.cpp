@@ -18,6 +18,7 @@
 #include <qarvelt/clauses/lob.h>
 #include <qarvelt/clauses/partition.h>
 #include <qarvelt/clauses/storage.h>
+#include <qarvelt/model/expressions.h>
 #include <qarvelt/statements/alter_table.h>
 #include <qarvelt/statements/create_index.h>
 #include <qarvelt/statements/create_table.h>
@@ -1144,6 +1145,7 @@ const Index* KeyIndex(const Table& table, const Constraint& c) {
 }
 
 Script Create(const Table& table, const Options& options) {
+  CheckExpressions(table);
   const Table resolved = ResolveNames(table, options.preserve_case);
   return Writer(resolved, options).Run();
 }

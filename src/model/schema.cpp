@@ -8,6 +8,7 @@
 #include <memory>
 #include <set>
 
+#include <qarvelt/model/expressions.h>
 #include <qarvelt/qarvelt.h>
 
 #include "commands.h"
@@ -493,6 +494,7 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
   });
   r.Each("triggers", [&](ObjectReader& o) { readTrigger(o, s.triggers.emplace_back()); });
   r.Done();
+  CheckExpressions(s, source);
   return s;
 }
 
@@ -500,6 +502,7 @@ Script CreateSchema(const Schema& schema, const Options& options) {
   ObjectWriter w(schema.name, schema.release, options);
   const int release = schema.release;
   if (release < 0 || release > kNewestRelease) create::Refuse("release", "unknown release code");
+  CheckExpressions(schema);
   const bool others = !schema.sequences.empty() || !schema.views.empty() ||
                       !schema.materialized_views.empty() || !schema.synonyms.empty() ||
                       !schema.triggers.empty();
