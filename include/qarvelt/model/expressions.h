@@ -16,6 +16,7 @@
 
 #include <string>
 
+#include "qarvelt/model/error.h"
 #include "qarvelt/model/schema.h"
 #include "qarvelt/model/table.h"
 
