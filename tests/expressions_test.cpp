@@ -169,8 +169,10 @@ TEST(Expressions, EveryPlaceOfADocumentIsChecked) {
           "partitions": [{"name": "P", "values_less_than": [1], "subpartitions": [{"name": "S", "values": ["1;"]}]}]}})",
        "partitioning.partitions[0].subpartitions[0].values[0]"},
   };
-  for (const auto& [rest, where] : tables)
-    EXPECT_EQ(whereOf([&] { ReadTable(table + rest, "t.json"); }), "t.json." + where) << rest;
+  for (const auto& [rest, where] : tables) {
+    const std::string text = table + rest;
+    EXPECT_EQ(whereOf([&] { ReadTable(text, "t.json"); }), "t.json." + where) << rest;
+  }
   for (const char* key : {"default", "virtual", "check", "collation"}) {
     const std::string column = R"({"name": "T", "columns": [{"name": "A", "type": "NUMBER", ")" +
                                std::string(key) + R"(": "1) --"}]})";
