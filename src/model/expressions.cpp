@@ -138,11 +138,11 @@ class Checker {
 
   // What is open in a PL/SQL block, innermost last.
   enum class Open {
-    Declare,     // DECLARE, until its BEGIN
-    Begin,       // BEGIN, until its END
-    Subprogram,  // PROCEDURE or FUNCTION, until IS or AS (or ";" for a declaration ahead)
-    Declaring,   // a subprogram's declarations, until its BEGIN
-    CallSpec,    // a subprogram given by LANGUAGE or EXTERNAL, until ";"
+    Declare,       // DECLARE, until its BEGIN
+    Begin,         // BEGIN, until its END
+    Subprogram,    // PROCEDURE or FUNCTION, until IS or AS (or ";" for a declaration ahead)
+    Declaring,     // a subprogram's declarations, until its BEGIN
+    ExternalBody,  // a subprogram given by LANGUAGE or EXTERNAL, until ";"
     If,
     Loop,
     Case,
@@ -177,9 +177,10 @@ class Checker {
       } else if (k.IsWord("PROCEDURE") || k.IsWord("FUNCTION")) {
         open.push_back({Open::Subprogram, k});
       } else if ((k.IsWord("IS") || k.IsWord("AS")) && top != nullptr && *top == Open::Subprogram) {
-        *top = t[i + 1].IsWord("LANGUAGE") || t[i + 1].IsWord("EXTERNAL") ? Open::CallSpec : Open::Declaring;
+        *top =
+            t[i + 1].IsWord("LANGUAGE") || t[i + 1].IsWord("EXTERNAL") ? Open::ExternalBody : Open::Declaring;
       } else if (k.IsOperator(";") && top != nullptr &&
-                 (*top == Open::Subprogram || *top == Open::CallSpec)) {
+                 (*top == Open::Subprogram || *top == Open::ExternalBody)) {
         open.pop_back();
       } else if (k.IsWord("IF")) {
         open.push_back({Open::If, k});
