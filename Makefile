@@ -26,6 +26,8 @@ run: build
 	@$(BUILD_DIR)/tools/qarvelt create examples/emp_old.json
 	@echo "-- qarvelt diff examples/emp_old.json examples/emp_new.json"
 	@$(BUILD_DIR)/tools/qarvelt diff examples/emp_old.json examples/emp_new.json
+	@echo "-- qarvelt diff examples/shop/v1.json examples/shop/v2.json (a whole schema)"
+	@$(BUILD_DIR)/tools/qarvelt diff examples/shop/v1.json examples/shop/v2.json
 	@echo "-- the library used directly: examples/hand_built.cpp, examples/schema_change.cpp"
 	@$(BUILD_DIR)/examples/qarvelt_example
 	@$(BUILD_DIR)/examples/qarvelt_schema_change

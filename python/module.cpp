@@ -11,6 +11,7 @@
 
 #include <qarvelt/model/document.h>
 #include <qarvelt/model/error.h>
+#include <qarvelt/model/schema.h>
 #include <qarvelt/model/script.h>
 #include <qarvelt/model/statements.h>
 #include <qarvelt/qarvelt.h>
@@ -105,7 +106,7 @@ PYBIND11_MODULE(_qarvelt, m) {
   m.def(
       "create",
       [](const std::string& document, const std::string& source, const py::dict& options) {
-        return toTuple(model::Create(model::ReadTable(document, source), makeOptions(options)));
+        return toTuple(model::CreateDocument(document, source, makeOptions(options)));
       },
       py::arg("document"),
       py::arg("source"),
@@ -113,8 +114,7 @@ PYBIND11_MODULE(_qarvelt, m) {
   m.def(
       "diff",
       [](const std::string& before, const std::string& after, const py::dict& options) {
-        return toTuple(model::Diff(
-            model::ReadTable(before, "old"), model::ReadTable(after, "new"), makeOptions(options)));
+        return toTuple(model::DiffDocuments(before, after, "old", "new", makeOptions(options)));
       },
       py::arg("old"),
       py::arg("new"),

@@ -1,11 +1,15 @@
-// Schema documents: reading, and the order of the CREATE script of a whole schema.
+// Schema documents: reading, the order of the CREATE script of a whole schema, and the script
+// between two schemas.
 #include <gtest/gtest.h>
 
 #include <qarvelt/model/error.h>
 #include <qarvelt/model/schema.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
+
+#include "generated_schema.h"
 
 namespace qarvelt::model {
 namespace {
@@ -100,6 +104,139 @@ TEST(Schema, MistakesAreRefusedWithTheirPlace) {
   EXPECT_TRUE(IsSchemaDocument(R"({"views": []})"));
   EXPECT_FALSE(IsSchemaDocument(R"({"name": "T", "columns": [], "indexes": []})"));
   EXPECT_FALSE(IsSchemaDocument("not json"));
+}
+
+}  // namespace
+}  // namespace qarvelt::model
+
+namespace qarvelt::model {
+namespace {
+
+Script diff(const std::string& before, const std::string& after, const Options& options = {}) {
+  return DiffSchema(ReadSchema(before, "old"), ReadSchema(after, "new"), options);
+}
+
+TEST(SchemaDiff, ForeignKeysFollowARenamedTable) {
+  // B references A; A is renamed to AA and B's key follows it: only the rename is written.
+  const std::string b = R"({"name": "B", "columns": [{"name": "ID", "type": "NUMBER"}],
+    "constraints": [{"name": "B_FK", "type": "foreign key", "columns": ["ID"],
+                     "references": {"table": "%", "columns": ["ID"]}}]})";
+  auto with = [&](const std::string& target) { return std::string(b).replace(b.find('%'), 1, target); };
+  const Script script = diff(
+      R"({"tables": [{"name": "A", "columns": [{"name": "ID", "type": "NUMBER"}]}, )" + with("A") + "]}",
+      R"({"tables": [{"name": "AA", "renamed_from": "A", "columns": [{"name": "ID", "type": "NUMBER"}]}, )" +
+          with("AA") + "]}");
+  EXPECT_EQ(script.statements, std::vector<std::string>{"ALTER TABLE A RENAME TO AA"});
+}
+
+TEST(SchemaDiff, ATableCreatedAnewGetsTheForeignKeysOfOthersBack) {
+  // A changes organization (created anew, its dependants' keys dropped by CASCADE CONSTRAINTS):
+  // B's unchanged key to A is added again afterwards.
+  const std::string a = R"({"name": "A", "organization": "%", "columns": [{"name": "ID", "type": "NUMBER",
+    "not_null": true}], "constraints": [{"name": "A_PK", "type": "primary key", "columns": ["ID"]}]})";
+  auto with = [&](const std::string& o) { return std::string(a).replace(a.find('%'), 1, o); };
+  const std::string b = R"({"name": "B", "columns": [{"name": "ID", "type": "NUMBER"}],
+    "constraints": [{"name": "B_FK", "type": "foreign key", "columns": ["ID"], "references": {"table": "A",
+    "columns": ["ID"]}}]})";
+  EXPECT_THROW(diff(R"({"tables": [)" + with("heap") + "," + b + "]}",
+                    R"({"tables": [)" + with("index") + "," + b + "]}"),
+               Error);
+  Options recreate;
+  recreate.allow_recreate = true;
+  const Script script = diff(R"({"tables": [)" + with("heap") + "," + b + "]}",
+                             R"({"tables": [)" + with("index") + "," + b + "]}", recreate);
+  ASSERT_GE(script.statements.size(), 3U);
+  EXPECT_EQ(script.statements.front(), "ALTER TABLE B DROP CONSTRAINT B_FK");
+  EXPECT_EQ(script.statements[1], "DROP TABLE A CASCADE CONSTRAINTS");
+  EXPECT_EQ(script.statements.back(), "ALTER TABLE B ADD CONSTRAINT B_FK FOREIGN KEY (ID) REFERENCES A (ID)");
+}
+
+TEST(SchemaDiff, PairingFaultsAreBadInput) {
+  const std::string seq = R"({"sequences": [{"name": "S"}]})";
+  for (const std::string& after : {
+           std::string(R"({"sequences": [{"name": "T", "renamed_from": "NOPE"}]})"),  // names nothing
+           std::string(
+               R"({"sequences": [{"name": "S"}, {"name": "T", "renamed_from": "S"}]})"),  // claimed twice
+           std::string(R"({"views": [{"name": "V", "query": "SELECT 1 FROM DUAL"},
+                                     {"name": "v", "query": "SELECT 2 FROM DUAL"}]})"),   // the same name
+       }) {
+    try {
+      diff(seq, after);
+      ADD_FAILURE() << after;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.kind(), ErrorKind::BadInput) << after;
+    }
+  }
+  try {
+    diff(R"({"schema": "A", "sequences": []})", R"({"schema": "B", "sequences": []})");
+    ADD_FAILURE();
+  } catch (const Error& error) {
+    EXPECT_EQ(error.kind(), ErrorKind::NotExpressible);
+  }
+}
+
+TEST(SchemaDiff, SequenceOptionsLeftOutGoBackToOraclesDefaults) {
+  const Script script = diff(
+      R"({"sequences": [{"name": "S", "increment_by": 5, "minvalue": 1, "cycle": true, "cache": false,
+                         "order": true}]})",
+      R"({"sequences": [{"name": "S"}]})");
+  EXPECT_EQ(script.statements,
+            std::vector<std::string>{"ALTER SEQUENCE S INCREMENT BY 1 NOMINVALUE NOCYCLE CACHE 20 NOORDER"});
+  // Below Oracle 18c a new START WITH drops and creates the sequence, when allowed.
+  Options recreate;
+  recreate.allow_recreate = true;
+  const Script old = diff(R"({"release": "11g", "sequences": [{"name": "S", "start_with": 1}]})",
+                          R"({"release": "11g", "sequences": [{"name": "S", "start_with": 9}]})", recreate);
+  EXPECT_EQ(old.statements, (std::vector<std::string>{"DROP SEQUENCE S", "CREATE SEQUENCE S START WITH 9"}));
+}
+
+}  // namespace
+}  // namespace qarvelt::model
+
+namespace qarvelt::model {
+namespace {
+
+TEST(SchemaDiff, AGeneratedSchemaOfAThousandTables) {
+  const Schema before = testing::GeneratedSchema(1000);
+  EXPECT_TRUE(DiffSchema(before, before).statements.empty());
+  const Schema after = testing::EditedSchema(before, 7);
+  const Script script = DiffSchema(before, after);
+  std::size_t drops = 0, renames = 0, creates = 0;
+  for (const std::string& s : script.statements) {
+    drops += s.rfind("DROP TABLE APP.", 0) == 0;
+    renames += s.find(" RENAME TO R") != std::string::npos;
+    creates += s.rfind("CREATE TABLE APP.T01", 0) == 0;  // the new tables are numbered from 1000
+  }
+  EXPECT_EQ(drops, before.tables.size() + 10 - after.tables.size());
+  EXPECT_EQ(renames,
+            static_cast<std::size_t>(std::count_if(after.tables.begin(), after.tables.end(),
+                                                   [](const Table& t) { return !t.renamed_from.empty(); })));
+  EXPECT_EQ(creates, 10U);
+  // Every drop of a table comes after the foreign keys to it are gone, and before any table is made.
+  EXPECT_LT(at(script, "DROP TABLE"), at(script, "CREATE TABLE"));
+}
+
+}  // namespace
+}  // namespace qarvelt::model
+
+namespace qarvelt::model {
+namespace {
+
+TEST(Schema, ACycleIsNotBrokenAtTheKeyOfAReferencePartitioning) {
+  // P and C reference each other; C is partitioned by reference through C_P_FK, so the cycle must
+  // be broken at P's key: listing C first is refused, listing P first works.
+  const std::string p = R"({"name": "P", "columns": [{"name": "ID", "type": "NUMBER", "not_null": true},
+    {"name": "C_ID", "type": "NUMBER"}], "constraints": [{"name": "P_PK", "type": "primary key", "columns": ["ID"]},
+    {"name": "P_C_FK", "type": "foreign key", "columns": ["C_ID"], "references": {"table": "C", "columns": ["ID"]}}],
+    "partitioning": {"type": "range", "columns": ["ID"], "partitions": [{"name": "P1", "values_less_than": ["MAXVALUE"]}]}})";
+  const std::string c = R"({"name": "C", "columns": [{"name": "ID", "type": "NUMBER", "not_null": true},
+    {"name": "P_ID", "type": "NUMBER", "not_null": true}], "constraints": [{"name": "C_PK", "type": "primary key",
+    "columns": ["ID"]}, {"name": "C_P_FK", "type": "foreign key", "columns": ["P_ID"], "references": {"table": "P",
+    "columns": ["ID"]}}], "partitioning": {"type": "reference", "constraint": "C_P_FK"}})";
+  EXPECT_THROW(CreateSchema(ReadSchema(R"({"tables": [)" + c + "," + p + "]}")), Error);
+  const Script script = CreateSchema(ReadSchema(R"({"tables": [)" + p + "," + c + "]}"));
+  EXPECT_EQ(script.statements.back(),
+            "ALTER TABLE P ADD CONSTRAINT P_C_FK FOREIGN KEY (C_ID) REFERENCES C (ID)");
 }
 
 }  // namespace

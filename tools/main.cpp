@@ -1,7 +1,8 @@
 // qarvelt: Oracle DDL from table documents.
 //
-//   qarvelt create TABLE.json            CREATE TABLE, CREATE INDEX and COMMENT statements
-//   qarvelt diff OLD.json NEW.json       the ALTER script from one description to the other
+//   qarvelt create DOCUMENT              CREATE statements of a table or a whole schema
+//   qarvelt diff OLD NEW                 the script from one table or schema to the other
+//                                        (a DOCUMENT is a table or schema document, or a folder of them)
 //   qarvelt render STATEMENT.json        any statement of the library, from attribute paths
 //   qarvelt paths KIND [--release N]     the attribute paths of a statement kind
 //   qarvelt kinds                        the statement kinds
@@ -9,8 +10,10 @@
 //   qarvelt --version                    the library version
 //
 // Exit codes: 0 done, 1 refused while writing, 2 bad input, 3 needs the table created anew.
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <sstream>
 
 #include <qarvelt/model/document.h>
@@ -31,6 +34,32 @@ std::string readFile(const std::string& path) {
   std::ostringstream text;
   text << in.rdbuf();
   return text.str();
+}
+
+// One input: a table document, or a schema (a schema document, or a folder of documents). A schema
+// is announced on standard error, with what it holds.
+struct Input {
+  std::optional<Table> table;
+  Schema schema;
+};
+
+Input readInput(const std::string& path) {
+  Input input;
+  if (std::filesystem::is_directory(path)) {
+    input.schema = ReadSchemaFolder(path);
+    std::cerr << "qarvelt: " << path << " is a folder of documents, " << DescribeSchema(input.schema) << "\n";
+    return input;
+  }
+  const std::string document = readFile(path);
+  if (IsSchemaDocument(document)) {
+    input.schema = ReadSchema(document, path);
+    std::cerr << "qarvelt: " << path << " is a schema document, " << DescribeSchema(input.schema) << "\n";
+  } else {
+    input.table = ReadTable(document, path);
+    std::cerr << "qarvelt: " << path << " is a table document, "
+              << (input.table->schema.empty() ? "" : input.table->schema + ".") << input.table->name << "\n";
+  }
+  return input;
 }
 
 }  // namespace
@@ -64,15 +93,17 @@ int main(int argc, char** argv) {
   auto* create = app.add_subcommand("create",
                                     "CREATE TABLE, its indexes and comments from a table document, or a "
                                     "whole schema from a schema document");
-  create->add_option("TABLE", tableFile, "the table document (JSON)")->required();
+  create->add_option("TABLE", tableFile, "a table document, a schema document or a folder of documents")
+      ->required();
   addOutput(create);
   addCase(create);
   create->add_flag("--if-exists", options.if_exists, "CREATE ... IF NOT EXISTS (Oracle 23ai)");
 
   std::string oldFile, newFile;
-  auto* diff = app.add_subcommand("diff", "the ALTER script from an old table document to a new one");
-  diff->add_option("OLD", oldFile, "the table as it is")->required();
-  diff->add_option("NEW", newFile, "the table as it should be")->required();
+  auto* diff = app.add_subcommand("diff", "the ALTER script from an old table or schema to a new one");
+  diff->add_option("OLD", oldFile, "the table or schema as it is (a document or a folder of documents)")
+      ->required();
+  diff->add_option("NEW", newFile, "the table or schema as it should be")->required();
   diff->add_flag(
       "--allow-recreate", options.allow_recreate, "accept differences that need the table created anew");
   diff->add_flag("--fail-on-data-loss", options.fail_on_data_loss, "refuse statements that lose data");
@@ -110,23 +141,17 @@ int main(int argc, char** argv) {
     Script script;
     bool isScript = true;
     if (*create) {
-      const std::string document = readFile(tableFile);
-      if (IsSchemaDocument(document)) {
-        const Schema schema = ReadSchema(document, tableFile);
-        std::cerr << "qarvelt: " << tableFile << " is a schema document, " << DescribeSchema(schema) << "\n";
-        script = CreateSchema(schema, options);
-      } else {
-        script = Create(ReadTable(document, tableFile), options);
-      }
+      const Input input = readInput(tableFile);
+      script = input.table ? Create(*input.table, options) : CreateSchema(input.schema, options);
     } else if (*diff) {
-      const std::string before = readFile(oldFile), after = readFile(newFile);
-      for (const std::string* file : {&oldFile, &newFile}) {
-        if (IsSchemaDocument(file == &oldFile ? before : after))
-          throw Error(ErrorKind::BadInput,
-                      *file,
-                      "diff takes table documents; schema documents are for create so far");
+      const Input before = readInput(oldFile), after = readInput(newFile);
+      if (before.table && after.table) {
+        script = Diff(*before.table, *after.table, options);
+      } else {
+        script = DiffSchema(before.table ? SchemaOfTable(*before.table) : before.schema,
+                            after.table ? SchemaOfTable(*after.table) : after.schema,
+                            options);
       }
-      script = Diff(ReadTable(before, oldFile), ReadTable(after, newFile), options);
     } else if (*render) {
       script = Render(readFile(statementFile), statementFile);
     } else {

@@ -54,6 +54,7 @@
 #include "qarvelt/statements/dimension.h"
 #include "qarvelt/statements/drop.h"
 #include "qarvelt/statements/indextype.h"
+#include "qarvelt/statements/rename.h"
 
 #include "qarvelt/util/util.h"
 

@@ -65,7 +65,7 @@ def _text(document: Document) -> str:
         return document
     if isinstance(document, dict):
         return _json.dumps(document)
-    raise TypeError("a table document is a dict or a JSON string, not %s" % type(document).__name__)
+    raise TypeError("a document is a dict or a JSON string, not %s" % type(document).__name__)
 
 
 def _release(release: Union[int, str]) -> int:
@@ -92,7 +92,8 @@ class Script:
 
 def create(document: Document, *, quote_all: bool = False, preserve_case: bool = False,
            if_exists: bool = False, source: str = "document") -> List[str]:
-    """The CREATE TABLE, CREATE INDEX and COMMENT statements of a table document.
+    """The CREATE TABLE, CREATE INDEX and COMMENT statements of a table document, or the CREATE
+    script of a whole schema from a schema document (in dependency order).
 
     quote_all writes every identifier in double quotes; preserve_case takes names exactly as written
     instead of folding them to upper case as Oracle does; if_exists writes CREATE ... IF NOT EXISTS
@@ -106,7 +107,9 @@ def create(document: Document, *, quote_all: bool = False, preserve_case: bool =
 def diff(old: Document, new: Document, *, allow_recreate: bool = False, fail_on_data_loss: bool = False,
          quote_all: bool = False, preserve_case: bool = False, online: bool = False,
          if_exists: bool = False) -> Script:
-    """The ALTER script from the table as it is (old) to the table as it should be (new).
+    """The ALTER script from the table as it is (old) to the table as it should be (new), or between
+    two schemas when either document is a schema document (a table document then counts as a
+    schema of one table).
 
     allow_recreate accepts differences that need the table created anew (the script then drops and
     creates it); fail_on_data_loss refuses statements that lose data (RefusedError); online moves the

@@ -48,6 +48,22 @@ def test_diff_of_the_bundled_example_matches_the_tool():
     assert script.text("/").startswith("ALTER TABLE SCOTT.EMP DROP (COMM)\n/\n")
 
 
+def test_schema_documents_create_and_diff_whole_schemas():
+    v1 = json.loads((EXAMPLES / "shop" / "v1.json").read_text())
+    v2 = json.loads((EXAMPLES / "shop" / "v2.json").read_text())
+    created = qarvelt.create(v1)
+    assert created[0].startswith("CREATE SEQUENCE SHOP.CUSTOMER_SEQ")
+    assert created[-1].startswith("CREATE TRIGGER SHOP.ORDERS_BI")
+    script = qarvelt.diff(v1, v2)
+    assert "DROP TABLE SHOP.AUDIT_LOG CASCADE CONSTRAINTS" in script.statements
+    assert "table SHOP.AUDIT_LOG is dropped: its data is lost" in script.warnings
+    with pytest.raises(qarvelt.RefusedError):
+        qarvelt.diff(v1, v2, fail_on_data_loss=True)
+    # A table document against a schema: the table is a schema of one table.
+    orders = dict(v1["tables"][1], schema="shop")
+    assert qarvelt.diff(orders, {"schema": "shop", "tables": [orders]}).statements == []
+
+
 def test_diff_with_nothing_changed_is_empty():
     script = qarvelt.diff(TABLE, TABLE)
     assert script.statements == [] and script.warnings == []

@@ -1,5 +1,7 @@
 #include "qarvelt/clauses/partition.h"
 
+#include <algorithm>
+
 #include "lob_lists.h"
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/core/builder.h"
@@ -39,6 +41,28 @@ class CSQLClauseCompositePart : public Cloneable<CSQLClauseCompositePart> {
  public:
   explicit CSQLClauseCompositePart(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
     setup("C_COMPOSITE_PART", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_COMPOSITE_LIST_PART": PARTITION BY LIST (C), the subpartitioning, then the list partitions.
+class CSQLClauseCompositeListPart : public Cloneable<CSQLClauseCompositeListPart> {
+ public:
+  explicit CSQLClauseCompositeListPart(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_COMPOSITE_LIST_PART", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
+// "C_REFERENCE_PART": PARTITION BY REFERENCE (FK) (PARTITION P1 ..., ...).
+class CSQLClauseReferencePart : public Cloneable<CSQLClauseReferencePart> {
+ public:
+  explicit CSQLClauseReferencePart(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_REFERENCE_PART", bInit);
   }
 
  protected:
@@ -85,6 +109,17 @@ class CSQLClauseSubpartByList : public Cloneable<CSQLClauseSubpartByList> {
   void init() override;
 };
 
+// "C_SUBPART_BY_RANGE": SUBPARTITION BY RANGE (B) and a template.
+class CSQLClauseSubpartByRange : public Cloneable<CSQLClauseSubpartByRange> {
+ public:
+  explicit CSQLClauseSubpartByRange(bool bInit = true, int nOraVersion = 7) : Cloneable(nOraVersion) {
+    setup("C_SUBPART_BY_RANGE", bInit);
+  }
+
+ protected:
+  void init() override;
+};
+
 // "C_SUBPART_BY_HASH": SUBPARTITION BY HASH (B), then a number of subpartitions or a template.
 class CSQLClauseSubpartByHash : public Cloneable<CSQLClauseSubpartByHash> {
  public:
@@ -117,6 +152,32 @@ Node subpartitionTemplate() {
   return node(new CSQLClauseSubpartTemplate(true, 7, true));
 }
 
+// INTERVAL (expr) STORE IN (T1,T2) of a range partitioning, from Oracle 11g: "INTERVAL" holds the
+// expression and its "LIST" the tablespaces.
+Node interval(int v) {
+  return when(v >= 7, leaf("INTERVAL", "INTERVAL (", ")").with(commaList("LIST", "STORE IN (")));
+}
+
+// The key of a list partitioning: one column ("COLUMN"), or from Oracle 12c Release 2 several
+// ("COLUMNS"), then AUTOMATIC ("AUTOMATIC" set to AUTOMATIC).
+Node listKey(int v) {
+  return And(
+      leaf("COLUMN", "(", "", ")"), when(v >= 9, commaList("COLUMNS")), when(v >= 9, leaf("AUTOMATIC")));
+}
+
+// The subpartitioning of a composite table: by list, by hash, or from Oracle 11g by range.
+Node subpartitioning(int v) {
+  return Or(clause<CSQLClauseSubpartByList>(7),
+            clause<CSQLClauseSubpartByHash>(7),
+            when(v >= 7, clause<CSQLClauseSubpartByRange>(7)));
+}
+
+// Nested clauses are built in the shape of Oracle 11g up to that release, and for the item's own
+// release from Oracle 12c on.
+int nested(const CSQLClause* item) {
+  return std::max(item->GetOraVersion(), kLatestRelease);
+}
+
 // What the attributes of a partition, and of its overflow segment, may change.
 Node segmentChanges(int nOraVersion) {
   return And(clause<CSQLClausePhysicalAttr>(nOraVersion),
@@ -143,11 +204,14 @@ void CSQLClauseTablePartition::init() {
          Or(clause<CSQLClauseRangePart>(v),
             clause<CSQLClauseHashPart>(v),
             when(v >= 6, clause<CSQLClauseListPart>(v)),
-            clause<CSQLClauseCompositePart>(v)));
+            clause<CSQLClauseCompositePart>(v),
+            when(v >= 7, clause<CSQLClauseCompositeListPart>(v)),
+            when(v >= 7, clause<CSQLClauseReferencePart>(v))));
 }
 
 void CSQLClauseRangePart::init() {
-  attach(this, And({"PARTITION BY RANGE", ""}, commaList("LIST"), commaList("LISTSUB")));
+  const int v = GetOraVersion();
+  attach(this, And({"PARTITION BY RANGE", ""}, commaList("LIST"), interval(v), commaList("LISTSUB")));
 }
 
 CSQLClauseHashPart::CSQLClauseHashPart(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
@@ -169,20 +233,37 @@ void CSQLClauseByQuantity::init() {
 }
 
 void CSQLClauseListPart::init() {
-  attach(this, And({"PARTITION BY LIST", ""}, leaf("COLUMN", "(", "", ")"), commaList("LIST")));
+  attach(this, And({"PARTITION BY LIST", ""}, listKey(GetOraVersion()), commaList("LIST")));
 }
 
 void CSQLClauseCompositePart::init() {
+  const int v = GetOraVersion();
   attach(this,
          And({"PARTITION BY RANGE", ""},
              commaList("LIST"),
-             Or(clause<CSQLClauseSubpartByList>(7), clause<CSQLClauseSubpartByHash>(7)),
+             interval(v),
+             subpartitioning(v),
              commaList("LISTSUB")));
+}
+
+// The partitions are CSubSQLItemList items, their subpartitions in "C_TAB_PART_DESC;C_PART_LEVEL_SUBPART".
+void CSQLClauseCompositeListPart::init() {
+  const int v = GetOraVersion();
+  attach(this, And({"PARTITION BY LIST", ""}, listKey(v), subpartitioning(v), commaList("LIST")));
+}
+
+// The key is the name of a foreign key of the table; the partitions follow the parent table's.
+void CSQLClauseReferencePart::init() {
+  attach(this, And({"PARTITION BY REFERENCE", ""}, leaf("CONSTRAINT", "(", ")"), commaList("LIST")));
 }
 
 // The column leaf closes its own bracket, so the template follows it as a sibling.
 void CSQLClauseSubpartByList::init() {
   attach(this, leaf("COLUMN", "SUBPARTITION BY LIST (", "", ")"), subpartitionTemplate());
+}
+
+void CSQLClauseSubpartByRange::init() {
+  attach(this, And({"SUBPARTITION BY RANGE", ""}, commaList("LIST"), subpartitionTemplate()));
 }
 
 void CSQLClauseSubpartByHash::init() {
@@ -219,6 +300,11 @@ CSQLClauseTablePartition::CSubSQLItemRange::CSubSQLItemRange(const char* name) :
   setup(name, true);
 }
 
+CSQLClauseTablePartition::CSubSQLItemRange::CSubSQLItemRange(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion) {
+  setup(name, true);
+}
+
 CSQLClauseTablePartition::CSubSQLItemRange::CSubSQLItemRange(bool bInit, int nOraVersion)
     : Cloneable(nOraVersion) {
   setup("", bInit);
@@ -229,11 +315,16 @@ void CSQLClauseTablePartition::CSubSQLItemRange::init() {
          And({"PARTITION", ""},
              leaf("PARTITION"),
              clause<CSQLClauseRangeValues>(7),
-             clause<CSQLClauseTabPartitionDesc>(7),
+             clause<CSQLClauseTabPartitionDesc>(nested(this)),
              Or(subpartitionsByQuantity(), clause<CSQLClauseSubpartTemplate>(7))));
 }
 
 CSQLClauseTablePartition::CSubSQLItemHash::CSubSQLItemHash(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemHash::CSubSQLItemHash(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion) {
   setup(name, true);
 }
 
@@ -243,10 +334,18 @@ CSQLClauseTablePartition::CSubSQLItemHash::CSubSQLItemHash(bool bInit, int nOraV
 }
 
 void CSQLClauseTablePartition::CSubSQLItemHash::init() {
-  attach(this, leaf("PARTITION", "PARTITION "), clause<CSQLClausePartitionStorage>(7));
+  attach(this,
+         leaf("PARTITION", "PARTITION "),
+         when(GetOraVersion() >= 9, leaf("INDEXING", "INDEXING ")),
+         clause<CSQLClausePartitionStorage>(7));
 }
 
 CSQLClauseTablePartition::CSubSQLItemList::CSubSQLItemList(const char* name) : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemList::CSubSQLItemList(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion) {
   setup(name, true);
 }
 
@@ -260,11 +359,16 @@ void CSQLClauseTablePartition::CSubSQLItemList::init() {
          And({"PARTITION", ""},
              leaf("PARTITION"),
              clause<CSQLClauseListValues>(7),
-             clause<CSQLClauseTabPartitionDesc>(7)));
+             clause<CSQLClauseTabPartitionDesc>(nested(this))));
 }
 
 CSQLClauseTablePartition::CSubSQLItemTemplate::CSubSQLItemTemplate(const char* name)
     : Cloneable(kLatestRelease) {
+  setup(name, true);
+}
+
+CSQLClauseTablePartition::CSubSQLItemTemplate::CSubSQLItemTemplate(const char* name, int nOraVersion)
+    : Cloneable(nOraVersion) {
   setup(name, true);
 }
 
@@ -277,6 +381,7 @@ void CSQLClauseTablePartition::CSubSQLItemTemplate::init() {
   attach(this,
          leaf("SUBPARTITION", "SUBPARTITION "),
          clause<CSQLClauseListValues>(7),
+         when(GetOraVersion() >= 7, clause<CSQLClauseRangeValues>(7)),
          clause<CSQLClausePartitionStorage>(7));
 }
 
@@ -286,12 +391,16 @@ CSQLClausePartitionSpec::CSQLClausePartitionSpec(const char* name) : Cloneable(k
   setup(name, true);
 }
 
+CSQLClausePartitionSpec::CSQLClausePartitionSpec(const char* name, int nOraVersion) : Cloneable(nOraVersion) {
+  setup(name, true);
+}
+
 CSQLClausePartitionSpec::CSQLClausePartitionSpec(bool bInit, int nOraVersion) : Cloneable(nOraVersion) {
   setup("C_PARTITION_SPEC", bInit);
 }
 
 void CSQLClausePartitionSpec::init() {
-  attach(this, And({"PARTITION", ""}, leaf("PARTITION"), clause<CSQLClauseTabPartitionDesc>(7)));
+  attach(this, And({"PARTITION", ""}, leaf("PARTITION"), clause<CSQLClauseTabPartitionDesc>(nested(this))));
 }
 
 CSQLClauseSubPartitionSpec::CSQLClauseSubPartitionSpec(const char* name) : Cloneable(kLatestRelease) {
@@ -307,6 +416,7 @@ void CSQLClauseSubPartitionSpec::init() {
          And({"SUBPARTITION", ""},
              leaf("SUBPARTITION"),
              clause<CSQLClauseListValues>(7),
+             when(GetOraVersion() >= 7, clause<CSQLClauseRangeValues>(7)),
              clause<CSQLClausePartitionStorage>(7)));
 }
 
@@ -380,6 +490,7 @@ CSQLClauseTabPartitionDesc::CSQLClauseTabPartitionDesc(bool bInit, int nOraVersi
 
 void CSQLClauseTabPartitionDesc::init() {
   attach(this,
+         when(GetOraVersion() >= 8, leaf("INDEXING", "INDEXING ")),
          clause<CSQLClauseSegmentAttribute>(7),
          leaf("COMPRESS"),
          clause<CSQLClauseKeyCompression>(7),

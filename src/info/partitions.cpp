@@ -202,9 +202,10 @@ int CSQLInfoPartitions::dropStep(Run& run) {
     for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
       if (!p->IsDrop(j)) continue;
       int result;
-      if (kindOf(s) == Kind::Hash && kindOf(p) == Kind::Range) {
+      if (kindOf(s) == Kind::Hash && kindOf(p) != Kind::Hash) {
         run.set("C_MOD_TAB_PART;PARTITION", p->ExistingName());
-        run.set("C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;COALESCE", "COALESCE");
+        run.set(std::string("C_MOD_TAB_PART;PARTITION;") + modifyVariant(kindOf(p)) + ";COALESCE",
+                "COALESCE");
         result = emit(run, "C_MOD_TAB_PART");
       } else {
         run.set("C_DROP_TAB_SUBPART;SUBPARTITION", s->ExistingName());
@@ -379,24 +380,32 @@ int CSQLInfoPartitions::addStep(Run& run) {
         if (p->IsDrop(j)) continue;
         auto sub = std::make_unique<CSQLClauseSubPartitionSpec>(s->GetName().c_str());
         run.set(sub.get(), "SUBPARTITION", s->WantedName());
-        if (kindOf(s) == Kind::List) run.leaves(sub.get(), "C_LISTVALUES;LIST", s->VALUES());
+        run.leaves(
+            sub.get(), kindOf(s) == Kind::List ? "C_LISTVALUES;LIST" : "C_RANGEVALUES;LIST", s->VALUES());
         run.set(sub.get(), "C_PARTITION_STORAGE;TABLESPACE", current(s, "TABLESPACE"));
         run.add(run.clause, desc + "C_PART_LEVEL_SUBPART;LIST", std::move(sub));
       }
       if (const int result = emit(run, "C_ADD_TAB_PART")) return result;
       continue;
     }
-    if (markAt(i) != ITEM_EXISTING || kind != Kind::Range) continue;
+    if (markAt(i) != ITEM_EXISTING || kind == Kind::Hash) continue;
     for (int j = 0; CSubPartition* s = p->GetSubPartition(j); ++j) {
       if (!p->IsAdd(j)) continue;
+      // A range subpartition is added as a list one, ADD and its description with its bound.
+      const bool hash = kindOf(s) == Kind::Hash;
       const bool list = kindOf(s) == Kind::List;
-      const std::string base = std::string("C_MOD_TAB_PART;PARTITION;C_MOD_RANGE_PART;") +
-                               (list ? "C_ADD_LIST_SUBPART;" : "C_ADD_HASH_SUBPART;");
+      const std::string base = std::string("C_MOD_TAB_PART;PARTITION;") + modifyVariant(kind) + ";" +
+                               (hash ? "C_ADD_HASH_SUBPART;" : "C_ADD_LIST_SUBPART;");
       run.set("C_MOD_TAB_PART;PARTITION", p->WantedName());
       run.set(base + "C_SUBPARTITION_SPEC;SUBPARTITION", s->WantedName());
-      if (list) run.leaves(run.clause, base + "C_SUBPARTITION_SPEC;C_LISTVALUES;LIST", s->VALUES());
+      if (!hash) {
+        run.leaves(run.clause,
+                   base + (list ? "C_SUBPARTITION_SPEC;C_LISTVALUES;LIST"
+                                : "C_SUBPARTITION_SPEC;C_RANGEVALUES;LIST"),
+                   s->VALUES());
+      }
       run.set(base + "C_SUBPARTITION_SPEC;C_PARTITION_STORAGE;TABLESPACE", current(s, "TABLESPACE"));
-      if (!list) run.set(base + "UPDATE", run.update);
+      if (hash) run.set(base + "UPDATE", run.update);
       if (const int result = emit(run, "C_MOD_TAB_PART")) return result;
     }
   }

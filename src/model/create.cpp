@@ -46,6 +46,12 @@ const std::string kPartitioning = kProps + ";C_TABLE_PART";
 const std::string kOnTable = "C_TABLE_INDEX";
 const std::string kIndexAttributes = kOnTable + ";C_INDEX_ATTRIBUTES";
 
+std::string lower(std::string text) {
+  for (char& c : text)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
+}
+
 std::string at(const std::string& list, std::size_t i) {
   return list + "[" + std::to_string(i) + "]";
 }
@@ -248,8 +254,13 @@ class Writer {
                             const std::string& path,
                             const Partition& p,
                             const std::string& where);
-  void subpartition(
-      TreeFiller& f, const std::string& list, const Partition& s, std::size_t i, const std::string& where);
+  void subpartition(TreeFiller& f,
+                    const std::string& list,
+                    const Partition& s,
+                    std::size_t i,
+                    const std::string& where,
+                    std::size_t keys,
+                    bool templateItem);
   std::string createIndex(const Index& x, std::size_t i);
   void localIndex(TreeFiller& f, const Index& x, const std::string& where);
   void globalIndex(TreeFiller& f,
@@ -372,6 +383,148 @@ void ColumnSyntax(
   f.Set(identity + ";NOCACHE", id.nocache ? "NOCACHE" : "", where + ".identity.cache");
   f.Set(identity + ";CYCLE", id.cycle, where + ".identity.cycle");
   f.Set(identity + ";ORDER", id.order, where + ".identity.order");
+}
+
+namespace {
+
+const Column* findColumn(const Table& t, const std::string& name) {
+  for (const Column& c : t.columns) {
+    if (c.name == name) return &c;
+  }
+  return nullptr;
+}
+
+// A column that holds no NULL: declared NOT NULL, or a column of the primary key.
+bool neverNull(const Table& t, const std::string& name) {
+  const Column* c = findColumn(t, name);
+  if (c != nullptr && (c->not_null || c->primary_key)) return true;
+  return std::any_of(t.constraints.begin(), t.constraints.end(), [&](const Constraint& k) {
+    return k.type == "PRIMARY KEY" && std::find(k.columns.begin(), k.columns.end(), name) != k.columns.end();
+  });
+}
+
+// Only the Oracle 11g types with a distance between values make an interval key.
+bool intervalKeyType(const std::string& type) {
+  return type == "NUMBER" || type == "FLOAT" || type == "INTEGER" || type == "DATE" ||
+         type.rfind("TIMESTAMP", 0) == 0;
+}
+
+void checkReference(const Table& t) {
+  const Partitioning& p = t.partitioning;
+  const std::string where = "partitioning";
+  RequireRelease(t.release, 7, where + ".type", "reference partitioning");
+  const auto fk = std::find_if(t.constraints.begin(), t.constraints.end(), [&](const Constraint& c) {
+    return c.name == p.constraint;
+  });
+  if (fk == t.constraints.end() || fk->type != "FOREIGN KEY") {
+    std::vector<std::string> keys;
+    for (const Constraint& c : t.constraints) {
+      if (c.type == "FOREIGN KEY" && !c.name.empty()) keys.push_back(c.name);
+    }
+    Refuse(where + ".constraint",
+           "no foreign key " + p.constraint + " among the table's constraints" +
+               (keys.empty() ? std::string(" (it has none)") : "; it has " + JoinAlternatives(keys)));
+  }
+  for (const std::string& column : fk->columns) {
+    if (!neverNull(t, column)) {
+      Refuse(where + ".constraint",
+             "column " + column + " of foreign key " + fk->name +
+                 " can be null; reference partitioning needs NOT NULL key columns (ORA-14652)");
+    }
+  }
+  const ConstraintState& s = fk->state;
+  if (s.enable == "DISABLE" || s.validate == "NOVALIDATE" || s.deferrable == "DEFERRABLE") {
+    Refuse(where + ".constraint",
+           "the foreign key " + fk->name +
+               " of a reference partitioning is enabled, validated and not deferrable");
+  }
+  if (p.count > 0 || !p.store_in.empty())
+    Refuse(where + (p.count > 0 ? ".count" : ".store_in"),
+           "a table partitioned by reference has its parent's partitions");
+  for (std::size_t i = 0; i < p.partitions.size(); ++i) {
+    const Partition& part = p.partitions[i];
+    if (!part.values.empty() || !part.values_less_than.empty() || !part.subpartitions.empty() ||
+        !part.logging.empty() || !part.compress.empty() || !part.segment.empty() || !part.lobs.empty()) {
+      Refuse(at(where + ".partitions", i),
+             "a partition of a table partitioned by reference takes a name, a tablespace and indexing only");
+    }
+  }
+}
+
+void checkInterval(const Table& t) {
+  const Partitioning& p = t.partitioning;
+  const std::string where = "partitioning";
+  if (p.interval.empty())
+    Refuse(where + ".interval_store_in", "STORE IN goes with an interval; give \"interval\" too");
+  RequireRelease(t.release, 7, where + ".interval", "interval partitioning");
+  if (p.type != "RANGE") Refuse(where + ".interval", "only range partitioning takes an interval");
+  if (t.organization == "INDEX")
+    Refuse(where + ".interval", "an index-organized table is not interval-partitioned");
+  if (p.columns.size() != 1) Refuse(where + ".columns", "interval partitioning takes one key column");
+  const Column* key = findColumn(t, p.columns[0]);
+  if (key != nullptr && !intervalKeyType(key->type)) {
+    Refuse(at(where + ".columns", 0),
+           "the key of interval partitioning is a NUMBER, FLOAT, DATE or TIMESTAMP column, not " + key->type);
+  }
+  for (std::size_t i = 0; i < p.partitions.size(); ++i) {
+    const std::vector<std::string>& bounds = p.partitions[i].values_less_than;
+    if (std::find(bounds.begin(), bounds.end(), "MAXVALUE") != bounds.end()) {
+      Refuse(at(where + ".partitions", i) + ".values_less_than",
+             "an interval-partitioned table has no MAXVALUE partition: Oracle adds partitions above the "
+             "highest bound");
+    }
+  }
+}
+
+}  // namespace
+
+void CheckPartitioning(const Table& t) {
+  const Partitioning& p = t.partitioning;
+  if (p.type.empty()) return;
+  const std::string where = "partitioning";
+  // A virtual column is a key like any other, from the release that brought virtual columns.
+  for (const auto& [list, key] :
+       {std::pair{&p.columns, ".columns"}, std::pair{&p.subcolumns, ".subpartitioning.columns"}}) {
+    for (std::size_t i = 0; i < list->size(); ++i) {
+      const Column* c = findColumn(t, (*list)[i]);
+      if (c != nullptr && !c->virtual_expr.empty())
+        RequireRelease(t.release, 7, at(where + key, i), "a virtual column as partitioning key");
+    }
+  }
+  if (p.type == "REFERENCE") checkReference(t);
+  if (!p.interval.empty() || !p.interval_store_in.empty()) checkInterval(t);
+  if (p.type == "LIST" && p.columns.size() > 1)
+    RequireRelease(t.release, 9, where + ".columns", "list partitioning on several columns");
+  if (p.automatic) {
+    RequireRelease(t.release, 9, where + ".automatic", "automatic list partitioning");
+    if (p.type != "LIST") Refuse(where + ".automatic", "only list partitioning is automatic");
+    if (p.columns.size() > 1)
+      RequireRelease(t.release, 10, where + ".columns", "automatic list partitioning on several columns");
+    for (std::size_t i = 0; i < p.partitions.size(); ++i) {
+      const std::vector<std::string>& values = p.partitions[i].values;
+      if (std::find(values.begin(), values.end(), "DEFAULT") != values.end()) {
+        Refuse(at(where + ".partitions", i) + ".values",
+               "an automatic list-partitioned table has no DEFAULT partition (ORA-14851)");
+      }
+    }
+  }
+  if (!p.subtype.empty()) {
+    // Range-hash and range-list composites came first; the others with Oracle 11g.
+    const int since = p.type == "LIST" || p.subtype == "RANGE" ? 7 : p.subtype == "LIST" ? 4 : 3;
+    RequireRelease(t.release,
+                   since,
+                   where + ".subpartitioning",
+                   lower(p.type) + "-" + lower(p.subtype) + " composite partitioning");
+  }
+  for (std::size_t i = 0; i < p.partitions.size(); ++i) {
+    if (p.partitions[i].indexing.empty()) continue;
+    if (p.type == "HASH") {
+      RequireRelease(
+          t.release, 9, at(where + ".partitions", i) + ".indexing", "INDEXING of a hash partition");
+    } else {
+      RequireRelease(t.release, 8, at(where + ".partitions", i) + ".indexing", "INDEXING of a partition");
+    }
+  }
 }
 
 }  // namespace create
@@ -734,16 +887,11 @@ void Writer::partitioning(TreeFiller& f) {
     RequireRelease(m_release, 2, where, "a partitioned index-organized table");
   }
   const bool composite = !p.subtype.empty();
+  const bool reference = p.type == "REFERENCE";
   if (p.type == "HASH") RequireRelease(m_release, 3, where + ".type", "hash partitioning");
   if (p.type == "LIST") RequireRelease(m_release, 6, where + ".type", "list partitioning");
-  if (composite) {
-    RequireRelease(m_release,
-                   p.subtype == "LIST" ? 4 : 3,
-                   where + ".subpartitioning",
-                   "range-" + std::string(p.subtype == "LIST" ? "list" : "hash") + " composite partitioning");
-  }
+  CheckPartitioning(m_table);
   const std::vector<std::string> keys = columns(p.columns, where + ".columns");
-  if (p.type == "LIST" && keys.size() != 1) Refuse(where + ".columns", "list partitioning takes one column");
   if (p.type != "HASH" && p.count > 0) Refuse(where + ".count", "only hash partitioning takes a count");
   if (p.type == "HASH" && p.count > 0 && !p.partitions.empty()) {
     Refuse(where + ".count", "give either the count or the partitions, not both");
@@ -764,12 +912,16 @@ void Writer::partitioning(TreeFiller& f) {
   checkUnique(names, where + ".partitions", "partitions or subpartitions");
 
   std::string base;
+  std::vector<std::string> subkeys;
   if (composite) {
-    base = kPartitioning + ";C_COMPOSITE_PART";
+    base = kPartitioning + (p.type == "LIST" ? ";C_COMPOSITE_LIST_PART" : ";C_COMPOSITE_PART");
     const std::string sub = where + ".subpartitioning";
-    const std::vector<std::string> subkeys = columns(p.subcolumns, sub + ".columns");
+    subkeys = columns(p.subcolumns, sub + ".columns");
     if (p.subcount > 0 && !p.subtemplate.empty())
       Refuse(sub + ".count", "give either the count or a template, not both");
+    if (p.subtype != "HASH" && p.subcount > 0) {
+      Refuse(sub + ".count", lower(p.subtype) + " subpartitions are listed, not counted");
+    }
     std::string templ;
     if (p.subtype == "HASH") {
       f.AddTexts(base + ";C_SUBPART_BY_HASH;LIST", subkeys, sub + ".columns");
@@ -778,16 +930,18 @@ void Writer::partitioning(TreeFiller& f) {
             sub + ".count");
       f.AddTexts(base + ";C_SUBPART_BY_HASH;QUANTITY;LIST", storeIn, where + ".store_in");
       templ = base + ";C_SUBPART_BY_HASH;C_SUBPART_TEMPLATE;LIST";
+    } else if (p.subtype == "RANGE") {
+      f.AddTexts(base + ";C_SUBPART_BY_RANGE;LIST", subkeys, sub + ".columns");
+      templ = base + ";C_SUBPART_BY_RANGE;C_SUBPART_TEMPLATE;LIST";
     } else {
       if (subkeys.size() != 1) Refuse(sub + ".columns", "list subpartitioning takes one column");
-      if (p.subcount > 0) Refuse(sub + ".count", "list subpartitions are listed, not counted");
       f.Set(base + ";C_SUBPART_BY_LIST;COLUMN", subkeys[0], sub + ".columns");
       templ = base + ";C_SUBPART_BY_LIST;C_SUBPART_TEMPLATE;LIST";
     }
     if (!p.subtemplate.empty()) {
       RequireRelease(m_release, 4, sub + ".template", "a subpartition template");
       for (std::size_t i = 0; i < p.subtemplate.size(); ++i)
-        subpartition(f, templ, p.subtemplate[i], i, at(sub + ".template", i));
+        subpartition(f, templ, p.subtemplate[i], i, at(sub + ".template", i), subkeys.size(), true);
     }
   } else if (p.type == "RANGE") {
     base = kPartitioning + ";C_RANGE_PART";
@@ -795,26 +949,43 @@ void Writer::partitioning(TreeFiller& f) {
     base = kPartitioning + ";C_HASH_PART";
     f.Set(base + ";C_BY_QUANTITY;QUANTITY", p.count > 0 ? std::to_string(p.count) : "", where + ".count");
     f.AddTexts(base + ";C_BY_QUANTITY;LIST", storeIn, where + ".store_in");
+  } else if (reference) {
+    base = kPartitioning + ";C_REFERENCE_PART";
+    f.Set(base + ";CONSTRAINT", id(p.constraint, where + ".constraint"), where + ".constraint");
   } else {
     base = kPartitioning + ";C_LIST_PART";
   }
   if (p.type == "LIST") {
-    f.Set(base + ";COLUMN", keys[0], where + ".columns");
-  } else {
+    if (keys.size() == 1) {
+      f.Set(base + ";COLUMN", keys[0], where + ".columns");
+    } else {
+      f.AddTexts(base + ";COLUMNS", keys, where + ".columns");
+    }
+    f.Set(base + ";AUTOMATIC", p.automatic ? "AUTOMATIC" : "", where + ".automatic");
+  } else if (!reference) {
     f.AddTexts(base + ";LIST", keys, where + ".columns");
   }
+  if (!p.interval.empty()) {
+    f.Set(base + ";INTERVAL", p.interval, where + ".interval");
+    f.AddTexts(base + ";INTERVAL;LIST",
+               ids(p.interval_store_in, where + ".interval_store_in"),
+               where + ".interval_store_in");
+  }
 
-  const std::string list = base + (p.type == "LIST" ? ";LIST" : ";LISTSUB");
+  const std::string list = base + (p.type == "LIST" || reference ? ";LIST" : ";LISTSUB");
   for (std::size_t i = 0; i < p.partitions.size(); ++i) {
     const Partition& part = p.partitions[i];
     const std::string w = at(where + ".partitions", i);
-    const std::string path = list + ";" + item("P", i);
+    const std::string name = item("P", i);
+    const std::string path = list + ";" + name;
     if (p.type == "HASH") {
-      f.Add(list, make_unique<Part::CSubSQLItemHash>(item("P", i).c_str()), w);
+      f.Add(list, make_unique<Part::CSubSQLItemHash>(name.c_str(), m_release), w);
     } else if (p.type == "LIST") {
-      f.Add(list, make_unique<Part::CSubSQLItemList>(item("P", i).c_str()), w);
+      f.Add(list, make_unique<Part::CSubSQLItemList>(name.c_str(), m_release), w);
+    } else if (reference) {
+      f.Add(list, make_unique<CSQLClausePartitionSpec>(name.c_str(), m_release), w);
     } else {
-      f.Add(list, make_unique<Part::CSubSQLItemRange>(item("P", i).c_str()), w);
+      f.Add(list, make_unique<Part::CSubSQLItemRange>(name.c_str(), m_release), w);
     }
     f.Set(path + ";PARTITION", id(part.name, w + ".name"), w + ".name");
     if (p.type != "RANGE" && !part.values_less_than.empty()) {
@@ -831,8 +1002,13 @@ void Writer::partitioning(TreeFiller& f) {
       }
       f.AddTexts(path + ";C_RANGEVALUES;LIST", part.values_less_than, w + ".values_less_than");
       for (std::size_t j = 0; j < part.subpartitions.size(); ++j) {
-        subpartition(
-            f, path + ";C_SUBPART_TEMPLATE;LIST", part.subpartitions[j], j, at(w + ".subpartitions", j));
+        subpartition(f,
+                     path + ";C_SUBPART_TEMPLATE;LIST",
+                     part.subpartitions[j],
+                     j,
+                     at(w + ".subpartitions", j),
+                     subkeys.size(),
+                     true);
       }
     } else if (p.type == "LIST") {
       if (part.values.empty()) Refuse(w + ".values", "missing (a list partition has values)");
@@ -842,10 +1018,28 @@ void Writer::partitioning(TreeFiller& f) {
         if (std::find(part.values.begin(), part.values.end(), "DEFAULT") != part.values.end()) {
           Refuse(w + ".values", "DEFAULT stands alone");
         }
+        if (keys.size() > 1) {
+          // A key of several columns takes each value as a bracketed tuple: ('EU', 1).
+          for (std::size_t j = 0; j < part.values.size(); ++j) {
+            if (part.values[j].empty() || part.values[j].front() != '(' || part.values[j].back() != ')')
+              Refuse(at(w + ".values", j),
+                     "a list key of several columns takes values in brackets: ('A', 1)");
+          }
+        }
         f.AddTexts(path + ";C_LISTVALUES;LIST", part.values, w + ".values");
       }
-    } else {
-      // A hash partition takes a tablespace only.
+      // The subpartitions of a list partition follow its description.
+      for (std::size_t j = 0; j < part.subpartitions.size(); ++j) {
+        subpartition(f,
+                     path + ";C_TAB_PART_DESC;C_PART_LEVEL_SUBPART;LIST",
+                     part.subpartitions[j],
+                     j,
+                     at(w + ".subpartitions", j),
+                     subkeys.size(),
+                     false);
+      }
+    } else if (p.type == "HASH") {
+      // A hash partition takes a tablespace only (and, from Oracle 12c Release 2, INDEXING).
       if (!part.logging.empty() || !part.compress.empty() || !part.segment.empty()) {
         Refuse(w, "a hash partition takes a tablespace only");
       }
@@ -854,6 +1048,7 @@ void Writer::partitioning(TreeFiller& f) {
               id(part.tablespace, w + ".tablespace"),
               w + ".tablespace");
       }
+      f.Set(path + ";INDEXING", part.indexing, w + ".indexing");
       continue;
     }
     partitionDescription(f, path + ";C_TAB_PART_DESC", part, w);
@@ -864,6 +1059,7 @@ void Writer::partitionDescription(TreeFiller& f,
                                   const std::string& path,
                                   const Partition& p,
                                   const std::string& where) {
+  f.Set(path + ";INDEXING", p.indexing, where + ".indexing");
   const std::string attributes = path + ";C_SEG_ATTRIBUTE";
   if (!p.tablespace.empty()) {
     f.Set(attributes + ";TABLESPACE", id(p.tablespace, where + ".tablespace"), where + ".tablespace");
@@ -894,20 +1090,44 @@ void Writer::partitionDescription(TreeFiller& f,
   }
 }
 
-void Writer::subpartition(
-    TreeFiller& f, const std::string& list, const Partition& s, std::size_t i, const std::string& where) {
-  const std::string path = list + ";" + item("S", i);
-  f.Add(list, make_unique<Part::CSubSQLItemTemplate>(item("S", i).c_str()), where);
-  f.Set(path + ";SUBPARTITION", id(s.name, where + ".name"), where + ".name");
-  if (!s.values_less_than.empty()) Refuse(where + ".values_less_than", "a subpartition has no bounds");
-  if (m_table.partitioning.subtype == "HASH") {
-    if (!s.values.empty()) Refuse(where + ".values", "a hash subpartition has no values");
-  } else if (s.values.empty()) {
-    Refuse(where + ".values", "missing (a list subpartition has values)");
-  } else if (s.values.size() == 1 && s.values[0] == "DEFAULT") {
-    f.Set(path + ";C_LISTVALUES;DEFAULT", "DEFAULT", where + ".values");
+// One subpartition, an item of `list`: a template item (CSubSQLItemTemplate) of the table's
+// template or a range partition, or a subpartition description (CSQLClauseSubPartitionSpec) of a list
+// partition. `keys` is the number of subpartitioning columns.
+void Writer::subpartition(TreeFiller& f,
+                          const std::string& list,
+                          const Partition& s,
+                          std::size_t i,
+                          const std::string& where,
+                          std::size_t keys,
+                          bool templateItem) {
+  const std::string name = item("S", i);
+  const std::string path = list + ";" + name;
+  if (templateItem) {
+    f.Add(list, make_unique<Part::CSubSQLItemTemplate>(name.c_str(), m_release), where);
   } else {
-    f.AddTexts(path + ";C_LISTVALUES;LIST", s.values, where + ".values");
+    f.Add(list, make_unique<CSQLClauseSubPartitionSpec>(name.c_str()), where);
+  }
+  f.Set(path + ";SUBPARTITION", id(s.name, where + ".name"), where + ".name");
+  const std::string& subtype = m_table.partitioning.subtype;
+  if (subtype != "RANGE" && !s.values_less_than.empty())
+    Refuse(where + ".values_less_than", "only a range subpartition has bounds");
+  if (subtype != "LIST" && !s.values.empty())
+    Refuse(where + ".values", "only a list subpartition has values");
+  if (subtype == "RANGE") {
+    if (s.values_less_than.size() != keys) {
+      Refuse(
+          where + ".values_less_than",
+          "one bound per subpartitioning column (" + JoinAlternatives(m_table.partitioning.subcolumns) + ")");
+    }
+    f.AddTexts(path + ";C_RANGEVALUES;LIST", s.values_less_than, where + ".values_less_than");
+  } else if (subtype == "LIST") {
+    if (s.values.empty()) {
+      Refuse(where + ".values", "missing (a list subpartition has values)");
+    } else if (s.values.size() == 1 && s.values[0] == "DEFAULT") {
+      f.Set(path + ";C_LISTVALUES;DEFAULT", "DEFAULT", where + ".values");
+    } else {
+      f.AddTexts(path + ";C_LISTVALUES;LIST", s.values, where + ".values");
+    }
   }
   if (!s.tablespace.empty()) {
     f.Set(path + ";C_PARTITION_STORAGE;TABLESPACE",

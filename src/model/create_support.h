@@ -33,6 +33,15 @@ inline void RequireRelease(int release, int since, const std::string& where, con
                 feature + " needs " + ReleaseLabel(since) + "; the table is for " + ReleaseLabel(release));
 }
 
+// Refuses a script that loses data (under fail_on_data_loss), listing every loss.
+inline void RefuseDataLoss(const std::vector<std::string>& lost) {
+  if (lost.empty()) return;
+  std::string message = "refused, the script loses data:";
+  for (const std::string& warning : lost)
+    message += "\n  " + warning;
+  throw Failure(kExitFailure, message);
+}
+
 [[noreturn]] inline void Refuse(const std::string& where, const std::string& message) {
   throw Failure(kExitBadInput, where, message);
 }
@@ -147,6 +156,14 @@ class TreeFiller {
 void CheckColumnSyntax(const Column& c, int release, const std::string& where);
 void ColumnSyntax(
     TreeFiller& f, const Column& c, const std::string& path, const std::string& where, int release);
+
+// What Oracle 11g and later releases added to partitioning: interval and reference partitioning,
+// virtual key columns, list composites and range subpartitions, automatic list partitioning, list
+// keys of several columns, INDEXING of a partition. Refuses what the table's release lacks (naming
+// the release that brought it) and what Oracle refuses outright (an interval with a MAXVALUE
+// partition, a reference to a foreign key with columns that can be null, an automatic table with a
+// DEFAULT partition).
+void CheckPartitioning(const Table& t);
 
 }  // namespace qarvelt::model::create
 

@@ -8,10 +8,11 @@
 //      movement, a new tablespace) and the LOB storage of kept columns;
 //   6. the column syntax of Oracle 11g and later (identity, DEFAULT ON NULL, visibility, virtual
 //      expression, collation), one statement each, then added and modified columns;
-//   7. partition maintenance: drops, renames, moves, attribute changes, then the new partitions in
-//      bound order (added, or split off the partition that holds their range); the old highest
-//      partition waits until the new ones are in when none is kept; then the LOB storage of kept
-//      partitions;
+//   7. partition maintenance: an interval or automatic partitioning taken away; drops, renames,
+//      moves, attribute changes, then the new partitions in bound order (added, or split off the
+//      partition that holds their range); the old highest partition waits until the new ones are in
+//      when none is kept; INDEXING of partitions; then the LOB storage of kept partitions; last an
+//      interval or automatic partitioning set, once a MAXVALUE or DEFAULT partition is gone;
 //   8. added constraints, then constraint state changes;
 //   9. index changes (ALTER INDEX), then new indexes, then added keys built on an index (USING INDEX
 //      i), now that their index exists under its new name;
@@ -337,6 +338,9 @@ class Differ {
   void scriptIndexes(Texts& dropped, Texts& altered, Texts& created);
   void loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const Index& now);
   void scriptPartitions(CSQLInfoTable& table, Texts& out);
+  void scriptPartitionChanges(CSQLInfoTable& table, Texts& out);
+  void scriptPartitioningMethod(Texts& first, Texts& last);
+  std::string alterPartitioning(const std::string& path, const std::string& value, const std::string& what);
   void scriptPartitionLobs(CSQLInfoTable& table, Texts& out);
   void loadSubpartitions(CSQLInfoPartitions::CPartition& record,
                          const Partition& old,
@@ -392,13 +396,18 @@ void Differ::checkRecreate() {
   const Partitioning& b = m_after.partitioning;
   auto describe = [](const Partitioning& p) {
     if (p.type.empty()) return std::string("none");
-    std::string text = p.type + " (";
+    std::string text = p.type + " (" + p.constraint;
     for (std::size_t i = 0; i < p.columns.size(); ++i)
       text += (i > 0 ? "," : "") + p.columns[i];
     return text + ")" + (p.subtype.empty() ? "" : " with " + p.subtype + " subpartitions");
   };
+  // The foreign key of a reference partitioning under its new name, when the new document renames it.
+  std::string reference = a.constraint;
+  for (const Constraint& c : m_after.constraints) {
+    if (!a.constraint.empty() && c.renamed_from == a.constraint) reference = c.name;
+  }
   if (a.type != b.type || renamed(a.columns) != b.columns || a.subtype != b.subtype ||
-      renamed(a.subcolumns) != b.subcolumns) {
+      renamed(a.subcolumns) != b.subcolumns || reference != b.constraint) {
     refuse("the partitioning changes from " + describe(a) + " to " + describe(b));
   }
   if ((m_before.organization.empty() ? "HEAP" : m_before.organization) !=
@@ -1106,10 +1115,85 @@ void Differ::loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const 
 
 // ---- partitions ---------------------------------------------------------------------------------
 
+// How the table makes partitions by itself: an interval (Oracle 11g) or automatic list partitioning
+// (Oracle 12c Release 2). What is turned off comes before the partition maintenance, which may then
+// add a MAXVALUE or DEFAULT partition; what is turned on or changed comes after it, once a MAXVALUE
+// or DEFAULT partition is gone.
 void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
+  Texts first, last;
+  scriptPartitioningMethod(first, last);
+  out.insert(out.end(), first.begin(), first.end());
+  scriptPartitionChanges(table, out);
+  out.insert(out.end(), last.begin(), last.end());
+}
+
+// ALTER TABLE with one value of the partition maintenance set at `path`; an empty value is written as
+// an emptied leaf, SET INTERVAL ().
+std::string Differ::alterPartitioning(const std::string& path,
+                                      const std::string& value,
+                                      const std::string& what) {
+  CSQLAlterTable statement(true, std::max(m_release, kLatestRelease));
+  create::TreeFiller f(statement, "ALTER TABLE");
+  if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
+  f.Set("TABLE", id(m_before.name, "name"), "name");
+  if (value.empty()) {
+    statement.SetInit(path.c_str(), "()");
+    statement.SetValue(path.c_str(), "");
+  } else {
+    f.Set(path, value, what);
+  }
+  return f.Write();
+}
+
+void Differ::scriptPartitioningMethod(Texts& first, Texts& last) {
+  const Partitioning& a = m_before.partitioning;
+  const Partitioning& b = m_after.partitioning;
+  const std::string prefix = "C_ALTER_TAB_PART;";
+  if (a.interval != b.interval) {
+    requireRelease(7, "SET INTERVAL");
+    const std::string path = prefix + "C_ALTER_INTERVAL_PART;INTERVAL";
+    if (b.interval.empty()) {
+      first.push_back(alterPartitioning(path, "", "partitioning.interval"));
+    } else {
+      last.push_back(alterPartitioning(path, b.interval, "partitioning.interval"));
+    }
+  }
+  if (!b.interval.empty() && a.interval_store_in != b.interval_store_in) {
+    if (b.interval_store_in.empty()) {
+      warn("the STORE IN tablespaces of the interval partitions of " + tableName(m_before) +
+           " are left out; not scripted: Oracle keeps using the last ones (give the tablespaces to use)");
+    } else {
+      CSQLAlterTable statement(true, std::max(m_release, kLatestRelease));
+      create::TreeFiller f(statement, "ALTER TABLE");
+      if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
+      f.Set("TABLE", id(m_before.name, "name"), "name");
+      std::vector<std::string> tablespaces;
+      for (const std::string& name : b.interval_store_in)
+        tablespaces.push_back(id(name, "partitioning.interval_store_in"));
+      f.AddTexts(prefix + "C_ALTER_INTERVAL_PART;LIST", tablespaces, "partitioning.interval_store_in");
+      last.push_back(f.Write());
+    }
+  }
+  if (a.automatic != b.automatic) {
+    requireRelease(9, "SET PARTITIONING AUTOMATIC or MANUAL");
+    const std::string path = prefix + "C_ALTER_AUTOMATIC_PART;PARTITIONING";
+    if (b.automatic) {
+      last.push_back(alterPartitioning(path, "AUTOMATIC", "partitioning.automatic"));
+    } else {
+      first.push_back(alterPartitioning(path, "MANUAL", "partitioning.automatic"));
+    }
+  }
+}
+
+void Differ::scriptPartitionChanges(CSQLInfoTable& table, Texts& out) {
   const Partitioning& a = m_before.partitioning;
   const Partitioning& b = m_after.partitioning;
   if (b.type.empty()) return;
+  // The partitions of a table partitioned by reference follow its parent's: a document may leave
+  // them out, and when both list them, only renames and moves are scripted.
+  if (b.type == "REFERENCE" && (a.partitions.empty() || b.partitions.empty())) return;
+  // An interval-partitioned table makes its partitions above the range section itself.
+  const bool interval = !a.interval.empty() && !b.interval.empty();
   const std::string head = "ALTER TABLE " + tableName(m_before);
   // Hash partitions given by number change by adding or coalescing.
   if (b.type == "HASH" && b.partitions.empty() && a.partitions.empty()) {
@@ -1131,7 +1215,8 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
                   a.subtemplate.end(),
                   b.subtemplate.begin(),
                   [](const Partition& x, const Partition& y) {
-                    return x.name == y.name && x.values == y.values && x.tablespace == y.tablespace;
+                    return x.name == y.name && x.values == y.values &&
+                           x.values_less_than == y.values_less_than && x.tablespace == y.tablespace;
                   })) {
     warn(
         "the subpartition template of " + tableName(m_before) +
@@ -1171,6 +1256,32 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     loadSegment(p, now.segment, old.segment);
     segmentFixed(now.segment, old.segment, "partition " + now.name);
     loadSubpartitions(p, old, now, where);
+  }
+  for (std::size_t n = 0; n < b.partitions.size(); ++n) {
+    if (keptOf.count(n) != 0) continue;
+    if (b.type == "REFERENCE") {
+      refuse("partition " + b.partitions[n].name +
+             " is added to a table partitioned by reference, whose partitions follow its parent table's "
+             "(add the partition to the parent)");
+    }
+    if (interval) {
+      refuse("partition " + b.partitions[n].name +
+             " is added by name to an interval-partitioned table, where Oracle makes the partitions itself "
+             "as rows arrive (ADD PARTITION fails with ORA-14760)");
+    }
+  }
+  for (std::size_t o = 0; o < a.partitions.size(); ++o) {
+    if (matched.count(o) != 0) continue;
+    if (b.type == "REFERENCE") {
+      refuse("partition " + a.partitions[o].name +
+             " is dropped from a table partitioned by reference, whose partitions follow its parent table's "
+             "(drop the partition of the parent)");
+    }
+    if (interval && o + 1 == a.partitions.size()) {
+      refuse("partition " + a.partitions[o].name +
+             " is the last of the range section of an interval-partitioned table and cannot be dropped "
+             "(ORA-14758)");
+    }
   }
   // A table keeps at least one partition (ORA-14083): when none is kept, the old table's highest
   // partition is dropped last, once the new ones are there.
@@ -1273,6 +1384,27 @@ void Differ::scriptPartitions(CSQLInfoTable& table, Texts& out) {
     }
   }
   if (heldPartition != nullptr && !dropHeldFirst) out.push_back(dropHeld);
+  // INDEXING ON or OFF (Oracle 12c) of kept partitions that change it and of new ones, which ADD and
+  // SPLIT write without it.
+  const char* variant = b.type == "HASH"   ? "C_MOD_HASH_PART"
+                        : b.type == "LIST" ? "C_MOD_LIST_PART"
+                                           : "C_MOD_RANGE_PART";
+  for (std::size_t n = 0; n < b.partitions.size(); ++n) {
+    const Partition& now = b.partitions[n];
+    const auto kept = keptOf.find(n);
+    if (now.indexing.empty() || (kept != keptOf.end() && a.partitions[kept->second].indexing == now.indexing))
+      continue;
+    const std::string where = "partitioning.partitions[" + std::to_string(n) + "]";
+    CSQLAlterTable statement(true, std::max(m_release, kLatestRelease));
+    create::TreeFiller f(statement, "ALTER TABLE");
+    if (!m_before.schema.empty()) f.Set("SCHEMA", id(m_before.schema, "schema"), "schema");
+    f.Set("TABLE", id(m_before.name, "name"), "name");
+    f.Set("C_ALTER_TAB_PART;C_MOD_TAB_PART;PARTITION", id(now.name, where), where);
+    f.Set(std::string("C_ALTER_TAB_PART;C_MOD_TAB_PART;PARTITION;") + variant + ";INDEXING",
+          now.indexing,
+          where + ".indexing");
+    out.push_back(f.Write());
+  }
   scriptPartitionLobs(table, out);
 }
 
@@ -1297,20 +1429,22 @@ void Differ::loadSubpartitions(CSQLInfoPartitions::CPartition& record,
                           ": " + s.renamed_from);
       }
       const auto fallback = std::find_if(old.subpartitions.begin(), old.subpartitions.end(), isTop);
-      if (!s.values.empty() && fallback != old.subpartitions.end()) {
-        refuse("subpartition " + s.name + " is added to partition " + old.name +
-               ", whose DEFAULT subpartition " + fallback->name +
-               " holds its values (split that subpartition instead)");
+      if ((!s.values.empty() || !s.values_less_than.empty()) && fallback != old.subpartitions.end()) {
+        refuse("subpartition " + s.name + " is added to partition " + old.name + ", whose " +
+               (s.values.empty() ? "MAXVALUE" : "DEFAULT") + " subpartition " + fallback->name +
+               " holds its " + (s.values.empty() ? "range" : "values") +
+               " (split that subpartition instead)");
       }
       const std::string key = "+" + s.name;
       record.AddSubPartition(key.c_str(), false);
       load(*record.GetSubPartition(key.c_str()), "NAME", id(s.name, at), "");
       load(*record.GetSubPartition(key.c_str()), "TABLESPACE", s.tablespace, "");
-      for (const std::string& v : s.values)
+      for (const std::string& v : s.values.empty() ? s.values_less_than : s.values)
         record.GetSubPartition(key.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
       continue;
     }
-    if (found->values != s.values) refuse("subpartition " + s.name + " changes its values");
+    if (found->values != s.values || found->values_less_than != s.values_less_than)
+      refuse("subpartition " + s.name + " changes its " + (s.values.empty() ? "bounds" : "values"));
     matched.insert(found->name);
     record.AddSubPartition(found->name.c_str(), true);
     load(*record.GetSubPartition(found->name.c_str()), "NAME", id(s.name, at), id(found->name, at));
@@ -1321,7 +1455,7 @@ void Differ::loadSubpartitions(CSQLInfoPartitions::CPartition& record,
     record.AddSubPartition(s.name.c_str(), true);
     load(*record.GetSubPartition(s.name.c_str()), "NAME", id(s.name, at), id(s.name, at));
     record.DropSubPartition(s.name.c_str(), false);
-    if (s.values.empty()) {
+    if (m_before.partitioning.subtype == "HASH") {
       warn("COALESCE SUBPARTITION of partition " + old.name + " of " + tableName(m_before) +
            " redistributes the rows of its last subpartition; no data is lost");
     } else {
@@ -1349,7 +1483,7 @@ void Differ::addPartition(CSQLInfoTable& table, const Partition& now, const std:
     p.AddSubPartition(s.name.c_str(), false);
     load(*p.GetSubPartition(s.name.c_str()), "NAME", id(s.name, where + " subpartition"), "");
     load(*p.GetSubPartition(s.name.c_str()), "TABLESPACE", s.tablespace, "");
-    for (const std::string& v : s.values)
+    for (const std::string& v : s.values.empty() ? s.values_less_than : s.values)
       p.GetSubPartition(s.name.c_str())->VALUES().AddValue(v.c_str(), v.c_str(), "");
   }
   CSQLAlterTable statement;
@@ -1483,6 +1617,7 @@ Script Differ::run() {
 }
 
 Script Differ::alter() {
+  create::CheckPartitioning(m_after);
   checkRecreate();
 
   CSQLInfoTable table;
@@ -1586,12 +1721,7 @@ Script Differ::alter() {
                             &rename}) {
     m_script.statements.insert(m_script.statements.end(), part->begin(), part->end());
   }
-  if (m_options.fail_on_data_loss && !m_lost.empty()) {
-    std::string message = "refused, the script loses data:";
-    for (const std::string& warning : m_lost)
-      message += "\n  " + warning;
-    throw Failure(kExitFailure, message);
-  }
+  if (m_options.fail_on_data_loss) create::RefuseDataLoss(m_lost);
   return m_script;
 }
 

@@ -104,6 +104,7 @@ void readPartition(ObjectReader& r, Partition& p, bool subpartition) {
   if (!subpartition) {
     p.logging = r.Keyword("logging", "LOGGING", "NOLOGGING");
     p.compress = readCompression(r);
+    p.indexing = r.Keyword("indexing", "ON", "OFF");
     readSegment(r, p.segment);
     r.Each("lobs", [&](ObjectReader& l) {
       p.lobs.emplace_back();
@@ -264,12 +265,18 @@ void readIndex(ObjectReader& r, Index& x) {
 }
 
 void readPartitioning(ObjectReader& r, Partitioning& p) {
-  p.type = choice(r, "type", {"RANGE", "HASH", "LIST"}, true);
-  p.columns = r.Texts("columns", true);
+  p.type = choice(r, "type", {"RANGE", "HASH", "LIST", "REFERENCE"}, true);
+  const bool reference = p.type == "REFERENCE";
+  // A table partitioned by reference takes its key from the foreign key it names.
+  p.columns = r.Texts("columns", !reference);
+  p.constraint = r.Text("constraint", reference);
   p.count = r.Number("count");
   p.store_in = r.Texts("store_in");
+  p.interval = r.Text("interval");
+  p.interval_store_in = r.Texts("interval_store_in");
+  p.automatic = r.Flag("automatic") == 1;
   r.Object("subpartitioning", [&](ObjectReader& s) {
-    p.subtype = choice(s, "type", {"HASH", "LIST"}, true);
+    p.subtype = choice(s, "type", {"RANGE", "HASH", "LIST"}, true);
     p.subcolumns = s.Texts("columns", true);
     p.subcount = s.Number("count");
     s.Each("template", [&](ObjectReader& t) {
@@ -281,9 +288,13 @@ void readPartitioning(ObjectReader& r, Partitioning& p) {
     p.partitions.emplace_back();
     readPartition(part, p.partitions.back(), false);
   });
-  if (!p.subtype.empty() && p.type != "RANGE")
-    r.Fail("subpartitioning", "only a RANGE partitioned table has subpartitions");
-  if (p.type != "HASH" && p.partitions.empty())
+  if (!p.subtype.empty() && p.type != "RANGE" && p.type != "LIST")
+    r.Fail("subpartitioning", "only a RANGE or LIST partitioned table has subpartitions");
+  if (reference && !p.columns.empty())
+    r.Fail("columns", "a table partitioned by reference takes the columns of its foreign key");
+  if (!reference && !p.constraint.empty())
+    r.Fail("constraint", "only a table partitioned by reference names a foreign key");
+  if (p.type != "HASH" && !reference && p.partitions.empty())
     r.Fail("partitions", "missing (" + p.type + " partitioning lists its partitions)");
   if (p.type == "HASH" && p.partitions.empty() && p.count == 0)
     r.Fail("count", "missing (give a count or the partitions)");

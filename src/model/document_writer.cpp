@@ -104,6 +104,7 @@ Object partition(const Partition& p) {
   }
   for (const Partition& sub : p.subpartitions)
     o["subpartitions"].push_back(partition(sub));
+  keyword(o, "indexing", p.indexing, "ON", "OFF");
   return o;
 }
 
@@ -230,8 +231,12 @@ Object partitioning(const Partitioning& p) {
   Object o = Object::object();
   o["type"] = p.type;
   texts(o, "columns", p.columns);
+  text(o, "constraint", p.constraint);
   number(o, "count", p.count);
   texts(o, "store_in", p.store_in);
+  text(o, "interval", p.interval);
+  texts(o, "interval_store_in", p.interval_store_in);
+  flag(o, "automatic", p.automatic);
   if (!p.subtype.empty()) {
     Object s = Object::object();
     s["type"] = p.subtype;

@@ -3,10 +3,14 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
 #include <set>
+#include <sstream>
+#include <tuple>
 
 #include <qarvelt/model/expressions.h>
 #include <qarvelt/qarvelt.h>
@@ -193,6 +197,11 @@ std::string ObjectWriter::Id(const std::string& name, const std::string& where) 
   return Identifier(Fold(name), m_release, m_options.quote_all, where);
 }
 
+// IF NOT EXISTS (Oracle 23ai) when the options ask for it; OR REPLACE statements take none.
+void ObjectWriter::guard(create::TreeFiller& f) const {
+  f.Set("IF_NOT_EXISTS", m_options.if_exists ? "IF NOT EXISTS" : "", "--if-exists");
+}
+
 // The schema, when there is one, and the object's name.
 void ObjectWriter::qualify(create::TreeFiller& f,
                            const char* nameLeaf,
@@ -236,6 +245,7 @@ template std::string ObjectWriter::Dropping<CSQLDropTrigger>(
 std::string ObjectWriter::Sequence(const model::Sequence& s, const std::string& where) {
   CSQLCreateSequence statement(true, m_release);
   create::TreeFiller f(statement, "CREATE SEQUENCE");
+  guard(f);
   qualify(f, "SEQUENCE", s.name, where);
   for (const auto& [leaf, value, key] :
        {std::tuple<const char*, std::string, const char*>{"INCREMENT", s.increment_by, "increment_by"},
@@ -263,6 +273,7 @@ std::string ObjectWriter::View(const model::View& v, const std::string& where, b
   CSQLCreateView statement(true, m_release);
   create::TreeFiller f(statement, "CREATE VIEW");
   f.Set("REPLACE", orReplace ? "REPLACE" : "", where);
+  if (!orReplace) guard(f);
   f.Set("FORCE", v.force ? "FORCE" : "", where + ".force");
   qualify(f, "VIEW", v.name, where);
   for (std::size_t i = 0; i < v.columns.size(); ++i) {
@@ -281,6 +292,7 @@ std::string ObjectWriter::View(const model::View& v, const std::string& where, b
 std::string ObjectWriter::MaterializedView(const model::MaterializedView& m, const std::string& where) {
   CSQLCreateMaterializedView statement(true, m_release);
   create::TreeFiller f(statement, "CREATE MATERIALIZED VIEW");
+  guard(f);
   qualify(f, "MVIEW", m.name, where);
   f.Set("C_MV_PHYSICAL_PROP;C_SEG_ATTRIBUTE;TABLESPACE",
         m.tablespace.empty() ? "" : Id(m.tablespace, where),
@@ -301,6 +313,7 @@ std::string ObjectWriter::MaterializedView(const model::MaterializedView& m, con
 std::string ObjectWriter::Synonym(const model::Synonym& s, const std::string& where) {
   CSQLCreateSynonym statement(true, m_release);
   create::TreeFiller f(statement, "CREATE SYNONYM");
+  guard(f);
   if (s.is_public) {
     f.Set("PUBLIC", "PUBLIC", where + ".public");
     f.Set("SYNONYM", Id(s.name, where + ".name"), where + ".name");
@@ -318,6 +331,7 @@ std::string ObjectWriter::Trigger(const model::Trigger& t, const std::string& wh
   CSQLCreateTrigger statement(true, m_release);
   create::TreeFiller f(statement, "CREATE TRIGGER");
   f.Set("REPLACE", orReplace ? "REPLACE" : "", where);
+  if (!orReplace) guard(f);
   qualify(f, "TRIGGER", t.name, where);
   if (t.timing == "INSTEAD OF") {
     create::RequireRelease(m_release, 1, where + ".timing", "an INSTEAD OF trigger");
@@ -411,7 +425,20 @@ void ObjectWriter::CreateTables(const std::vector<Table>& tables, Script& script
       },
       [&](std::size_t t, const std::set<std::size_t>& waiting) {
         for (const auto& [target, keys] : references(t)) {
-          if (waiting.count(target) != 0) deferred[t].insert(deferred[t].end(), keys.begin(), keys.end());
+          if (waiting.count(target) == 0) continue;
+          for (std::size_t k : keys) {
+            // The key a reference partitioning follows must be in the CREATE TABLE itself.
+            if (tables[t].partitioning.type == "REFERENCE" &&
+                tables[t].constraints[k].name == tables[t].partitioning.constraint) {
+              throw Failure(kExitBadInput,
+                            "tables",
+                            "table " + tables[t].name + " is partitioned by reference to " +
+                                tables[target].name + " through " + tables[t].constraints[k].name +
+                                ", which closes a cycle of foreign keys: list another table of the cycle "
+                                "before it, so that the cycle is broken there");
+            }
+          }
+          deferred[t].insert(deferred[t].end(), keys.begin(), keys.end());
         }
       });
   for (std::size_t t : order) {
@@ -449,18 +476,18 @@ bool IsSchemaDocument(const std::string& text) {
 
 std::string DescribeSchema(const Schema& schema) {
   std::string text = "schema " + (schema.name.empty() ? std::string("(unnamed)") : schema.name) + ":";
-  const std::pair<std::size_t, const char*> counts[] = {
-      {schema.tables.size(), "table"},
-      {schema.sequences.size(), "sequence"},
-      {schema.views.size(), "view"},
-      {schema.materialized_views.size(), "materialized view"},
-      {schema.synonyms.size(), "synonym"},
-      {schema.indexes.size(), "schema-level index"},
-      {schema.triggers.size(), "trigger"}};
+  const std::tuple<std::size_t, const char*, const char*> counts[] = {
+      {schema.tables.size(), "table", "tables"},
+      {schema.sequences.size(), "sequence", "sequences"},
+      {schema.views.size(), "view", "views"},
+      {schema.materialized_views.size(), "materialized view", "materialized views"},
+      {schema.synonyms.size(), "synonym", "synonyms"},
+      {schema.indexes.size(), "schema-level index", "schema-level indexes"},
+      {schema.triggers.size(), "trigger", "triggers"}};
   const char* separator = " ";
-  for (const auto& [count, what] : counts) {
+  for (const auto& [count, one, many] : counts) {
     if (count == 0) continue;
-    text += separator + std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+    text += separator + std::to_string(count) + " " + (count == 1 ? one : many);
     separator = ", ";
   }
   return text;
@@ -498,17 +525,81 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
   return s;
 }
 
+Schema SchemaOfTable(const Table& table) {
+  Schema s;
+  s.name = table.schema;
+  s.release = table.release;
+  s.tables.push_back(table);
+  return s;
+}
+
+Script CreateDocument(const std::string& text, const std::string& source, const Options& options) {
+  return IsSchemaDocument(text) ? CreateSchema(ReadSchema(text, source), options)
+                                : Create(ReadTable(text, source), options);
+}
+
+Script DiffDocuments(const std::string& before,
+                     const std::string& after,
+                     const std::string& oldSource,
+                     const std::string& newSource,
+                     const Options& options) {
+  const bool schemas = IsSchemaDocument(before) || IsSchemaDocument(after);
+  if (!schemas) return Diff(ReadTable(before, oldSource), ReadTable(after, newSource), options);
+  auto read = [](const std::string& text, const std::string& source) {
+    return IsSchemaDocument(text) ? ReadSchema(text, source) : SchemaOfTable(ReadTable(text, source));
+  };
+  return DiffSchema(read(before, oldSource), read(after, newSource), options);
+}
+
+Schema ReadSchemaFolder(const std::string& folder) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  std::vector<fs::path> files;
+  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    if (it->path().extension() == ".json" && it->is_regular_file()) files.push_back(it->path());
+  }
+  if (error) throw Failure(kExitBadInput, folder, "cannot be read: " + error.message());
+  if (files.empty()) throw Failure(kExitBadInput, folder, "holds no .json document");
+  std::sort(files.begin(), files.end());
+  Schema s;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const std::string source = files[i].string();
+    std::ifstream in(files[i], std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (!in) throw Failure(kExitBadInput, source, "cannot be read");
+    Schema part = IsSchemaDocument(text.str()) ? ReadSchema(text.str(), source)
+                                               : SchemaOfTable(ReadTable(text.str(), source));
+    if (i == 0) {
+      s.name = part.name;
+      s.release = part.release;
+    }
+    if (part.name != s.name) {
+      throw Failure(kExitBadInput,
+                    source,
+                    "is in the schema " + (part.name.empty() ? std::string("(none)") : part.name) + ", " +
+                        files[0].string() + " in " + (s.name.empty() ? std::string("(none)") : s.name));
+    }
+    if (part.release != s.release)
+      throw Failure(kExitBadInput, source, "names another release than " + files[0].string());
+    auto append = [](auto& to, auto& from) { to.insert(to.end(), from.begin(), from.end()); };
+    append(s.tables, part.tables);
+    append(s.sequences, part.sequences);
+    append(s.views, part.views);
+    append(s.materialized_views, part.materialized_views);
+    append(s.synonyms, part.synonyms);
+    append(s.indexes, part.indexes);
+    append(s.triggers, part.triggers);
+  }
+  return s;
+}
+
 Script CreateSchema(const Schema& schema, const Options& options) {
   ObjectWriter w(schema.name, schema.release, options);
   const int release = schema.release;
   if (release < 0 || release > kNewestRelease) create::Refuse("release", "unknown release code");
+  if (options.if_exists) create::RequireRelease(release, 12, "--if-exists", "IF [NOT] EXISTS");
   CheckExpressions(schema);
-  const bool others = !schema.sequences.empty() || !schema.views.empty() ||
-                      !schema.materialized_views.empty() || !schema.synonyms.empty() ||
-                      !schema.triggers.empty();
-  if (options.if_exists && others)
-    create::Refuse("--if-exists",
-                   "IF NOT EXISTS is written for tables and indexes only; the schema holds other objects");
   Script script;
   for (std::size_t i = 0; i < schema.sequences.size(); ++i)
     script.statements.push_back(w.Sequence(schema.sequences[i], "sequences[" + std::to_string(i) + "]"));

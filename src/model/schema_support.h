@@ -41,6 +41,17 @@ class ObjectWriter {
   std::string MaterializedView(const model::MaterializedView& m, const std::string& where);
   std::string Synonym(const model::Synonym& s, const std::string& where);
   std::string Trigger(const model::Trigger& t, const std::string& where, bool orReplace);
+  // RENAME from TO to (objects of the user who runs the script: RENAME takes no schema).
+  std::string Rename(const std::string& from, const std::string& to, const std::string& where);
+  // ALTER SEQUENCE with the options that change (one left out goes back to Oracle's default), and
+  // RESTART START WITH for a changed start; "" when nothing changes.
+  std::string AlterSequence(const model::Sequence& before,
+                            const model::Sequence& after,
+                            const std::string& where);
+  // ALTER MATERIALIZED VIEW statements for a changed refresh and query rewrite.
+  std::vector<std::string> AlterMaterializedView(const model::MaterializedView& before,
+                                                 const model::MaterializedView& after,
+                                                 const std::string& where);
   // DROP statements; `more` sets further leaves (CASCADE, PUBLIC, ...).
   template <class Drop>
   std::string Dropping(const std::string& name, std::vector<std::pair<const char*, std::string>> more = {});
@@ -56,6 +67,8 @@ class ObjectWriter {
                const char* nameLeaf,
                const std::string& name,
                const std::string& where) const;
+
+  void guard(create::TreeFiller& f) const;
 
   std::string m_schema;
   int m_release;

@@ -15,10 +15,12 @@ namespace {
 // Each operation and variant is a clause node of its own name holding its tree.
 Node modifyDefaultAttributes();
 Node setSubpartitionTemplate();
-Node modifyPartition();
-Node modifyRangePartition();
-Node modifyHashPartition();
-Node modifyListPartition();
+Node alterInterval(int v);
+Node alterAutomatic(int v);
+Node modifyPartition(int v);
+Node modifyRangePartition(int v);
+Node modifyHashPartition(int v);
+Node modifyListPartition(int v);
 Node modifySubpartition();
 Node modifyHashSubpartition();
 Node modifyListSubpartition();
@@ -103,36 +105,67 @@ Node setSubpartitionTemplate() {
                And({"SET SUBPARTITION TEMPLATE ", ""}, Or(list("LIST", ",", "(", ")"))));
 }
 
-Node modifyPartition() {
+// Oracle 11g: SET INTERVAL (expr), or SET INTERVAL () which makes the table range-partitioned again
+// ("INTERVAL", whose value goes between the brackets), and SET STORE IN ( ... ) ("LIST").
+Node alterInterval(int v) {
+  return when(v >= 7,
+              named("C_ALTER_INTERVAL_PART",
+                    Or(leaf("INTERVAL", "SET INTERVAL (", ")"), list("LIST", ",", "SET STORE IN (", ")"))));
+}
+
+// Oracle 12c Release 2: SET PARTITIONING AUTOMATIC or MANUAL of a list-partitioned table.
+Node alterAutomatic(int v) {
+  return when(v >= 9, named("C_ALTER_AUTOMATIC_PART", leaf("PARTITIONING", "SET PARTITIONING ")));
+}
+
+Node modifyPartition(int v) {
   return named("C_MOD_TAB_PART",
                leaf("PARTITION", "MODIFY PARTITION ")
-                   .with(Or(modifyRangePartition(), modifyHashPartition(), modifyListPartition())));
+                   .with(Or(modifyRangePartition(v), modifyHashPartition(v), modifyListPartition(v))));
+}
+
+// INDEXING ON or OFF of a partition, from Oracle 12c: "INDEXING" holds ON or OFF.
+Node indexing(int v) {
+  return when(v >= 8, leaf("INDEXING", "INDEXING "));
 }
 
 // COALESCE SUBPARTITION, then the leaf's children UPDATE and C_PARALLEL.
-Node modifyRangePartition() {
+Node coalesceSubpartition() {
+  return leaf("COALESCE", "", " SUBPARTITION").with(updateIndexes(), parallel());
+}
+
+// A range subpartition is added as a list one is, ADD and its description (with VALUES LESS THAN),
+// through "C_ADD_LIST_SUBPART".
+Node modifyRangePartition(int v) {
   return named("C_MOD_RANGE_PART",
                Or(clause<CSQLClausePartitionAttribute>(kLatestRelease),
                   clause<CSQLClauseAddHashSubPartition>(kLatestRelease),
                   clause<CSQLClauseAddListSubPartition>(kLatestRelease),
-                  leaf("COALESCE", "", " SUBPARTITION").with(updateIndexes(), parallel()),
+                  coalesceSubpartition(),
                   clause<CSQLClauseAlterMappingTable>(kLatestRelease),
-                  rebuildUnusable()));
+                  rebuildUnusable(),
+                  indexing(v)));
 }
 
-Node modifyHashPartition() {
+Node modifyHashPartition(int v) {
   return named("C_MOD_HASH_PART",
                Or(clause<CSQLClausePartitionAttribute>(kLatestRelease),
                   clause<CSQLClauseAlterMappingTable>(kLatestRelease),
-                  rebuildUnusable()));
+                  rebuildUnusable(),
+                  indexing(v)));
 }
 
-// ADD VALUES ('C'): "ADD" holds ADD.
-Node modifyListPartition() {
+// ADD VALUES ('C'): "ADD" holds ADD. From Oracle 11g a list partition has subpartitions too: ADD
+// SUBPARTITION and COALESCE SUBPARTITION as in a range partition.
+Node modifyListPartition(int v) {
   return named("C_MOD_LIST_PART",
                Or(clause<CSQLClausePartitionAttribute>(kLatestRelease),
                   leaf("ADD").with(valueList()),
-                  rebuildUnusable()));
+                  rebuildUnusable(),
+                  indexing(v),
+                  when(v >= 7, clause<CSQLClauseAddHashSubPartition>(kLatestRelease)),
+                  when(v >= 7, clause<CSQLClauseAddListSubPartition>(kLatestRelease)),
+                  when(v >= 7, coalesceSubpartition())));
 }
 
 Node modifySubpartition() {
@@ -275,12 +308,13 @@ CSQLClauseAlterTablePartition::CSQLClauseAlterTablePartition(bool bInit, int nOr
 }
 
 void CSQLClauseAlterTablePartition::init() {
+  const int v = GetOraVersion();
   attach(this,
          Or(modifyDefaultAttributes(),
             setSubpartitionTemplate(),
-            modifyPartition(),
+            modifyPartition(v),
             modifySubpartition(),
-            movePartition(GetOraVersion()),
+            movePartition(v),
             moveSubpartition(),
             addPartition(),
             coalescePartition(),
@@ -292,7 +326,9 @@ void CSQLClauseAlterTablePartition::init() {
             splitSubpartition(),
             mergePartitions(),
             mergeSubpartitions(),
-            exchangePartition()));
+            exchangePartition(),
+            alterInterval(v),
+            alterAutomatic(v)));
 }
 
 }  // namespace qarvelt

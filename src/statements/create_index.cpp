@@ -1,5 +1,6 @@
 #include "qarvelt/statements/create_index.h"
 
+#include "object_name.h"
 #include "qarvelt/clauses/index_attributes.h"
 #include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
@@ -56,7 +57,7 @@ void CSQLCreateIndex::init() {
   const int v = GetOraVersion();
   attach(this,
          leaf("TYPE"),
-         And({"INDEX", ""}, when(v >= 12, leaf("IF_NOT_EXISTS")), leaf("SCHEMA", "", "", "."), leaf("INDEX")),
+         And({"INDEX", ""}, GuardedName(v, "IF_NOT_EXISTS", "INDEX")),
          Or({"ON", ""},
             named("C_CLUSTER_INDEX",
                   And({"CLUSTER", ""}, leaf("SCHEMA", "", "", "."), leaf("CLUSTER")),

@@ -1,5 +1,6 @@
 #include "qarvelt/statements/create_simple.h"
 
+#include "object_name.h"
 #include "qarvelt/clauses/storage.h"
 #include "qarvelt/core/builder.h"
 #include "sequence_options.h"
@@ -39,8 +40,7 @@ void CSQLCreateSynonym::init() {
   attach(this,
          leaf("PUBLIC"),
          And({"SYNONYM", ""},
-             leaf("SCHEMA", "", "", "."),
-             leaf("SYNONYM"),
+             GuardedName(GetOraVersion(), "IF_NOT_EXISTS", "SYNONYM"),
              And({"FOR", ""}, leaf("SCHEMA2", "", "", "."), leaf("OBJECT"), leaf("DBLINK", "@"))));
 }
 
@@ -49,7 +49,9 @@ CSQLCreateSequence::CSQLCreateSequence(bool bInit, int nOraVersion) : CreateStat
 }
 
 void CSQLCreateSequence::init() {
-  attach(this, qualifiedName("SEQUENCE", "SEQUENCE"), SequenceOptions(true));
+  attach(this,
+         And({"SEQUENCE", ""}, GuardedName(GetOraVersion(), "IF_NOT_EXISTS", "SEQUENCE")),
+         SequenceOptions(true));
 }
 
 CSQLCreateDirectory::CSQLCreateDirectory(bool bInit, int nOraVersion) : CreateStatement(nOraVersion) {

@@ -2,6 +2,7 @@
 
 #include "../clauses/column_definition.h"
 #include "../clauses/object_property.h"
+#include "object_name.h"
 #include "qarvelt/clauses/column.h"
 #include "qarvelt/clauses/constraint.h"
 #include "qarvelt/clauses/storage.h"
@@ -14,9 +15,9 @@ using namespace build;
 
 namespace {
 
-// [IF NOT EXISTS] [schema.]name after TABLE; Oracle 23ai brought IF NOT EXISTS.
+// [IF NOT EXISTS] [schema.]name after TABLE.
 Node qualifiedName(const char* name, int v) {
-  return And(when(v >= 12, leaf("IF_NOT_EXISTS")), leaf("SCHEMA", "", "", "."), leaf(name));
+  return GuardedName(v, "IF_NOT_EXISTS", name);
 }
 
 // ON COMMIT DELETE | PRESERVE ROWS.

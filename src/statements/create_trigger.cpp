@@ -1,5 +1,6 @@
 #include "qarvelt/statements/create_trigger.h"
 
+#include "object_name.h"
 #include "qarvelt/core/builder.h"
 
 namespace qarvelt {
@@ -45,7 +46,7 @@ void CSQLCreateTrigger::init() {
   const int v = GetOraVersion();
   attach(this,
          leaf("REPLACE", "OR "),
-         And({"TRIGGER", ""}, leaf("SCHEMA", "", "", "."), leaf("TRIGGER")),
+         And({"TRIGGER", ""}, GuardedName(v, "IF_NOT_EXISTS", "TRIGGER")),
          // The timing: the host fills one. An AND, not an OR, so that only the events are
          // alternatives taking one pass each, and every pass writes a whole trigger.
          And(leaf("BEFORE"),

@@ -1,5 +1,6 @@
 #include "qarvelt/statements/create_view.h"
 
+#include "object_name.h"
 #include "qarvelt/clauses/constraint.h"
 #include "qarvelt/core/builder.h"
 
@@ -45,7 +46,7 @@ void CSQLCreateView::init() {
   attach(this,
          leaf("REPLACE", "OR "),
          leaf("FORCE"),
-         And({"VIEW", ""}, leaf("SCHEMA", "", "", "."), leaf("VIEW")),
+         And({"VIEW", ""}, GuardedName(v, "IF_NOT_EXISTS", "VIEW")),
          Or(bracketed(named("C_VIEW_ALIAS", list("LIST", ", ", "", ""))), when(v >= 1, objectView(v))),
          leaf("SUBQUERY", "AS "),
          // READ ONLY or CHECK OPTION: the host fills one. They stand in an AND, not an OR, so that a

@@ -1,5 +1,6 @@
 #include "qarvelt/statements/drop.h"
 
+#include "object_name.h"
 #include "qarvelt/core/builder.h"
 
 namespace qarvelt {
@@ -8,10 +9,9 @@ using namespace build;
 
 namespace {
 
-// [IF EXISTS] [schema.]name: Oracle 23ai brought IF EXISTS.
+// [IF EXISTS] [schema.]name.
 Node droppedName(const CSQLClause* statement, const char* name) {
-  return And(
-      when(statement->GetOraVersion() >= 12, leaf("IF_EXISTS")), leaf("SCHEMA", "", "", "."), leaf(name));
+  return GuardedName(statement->GetOraVersion(), "IF_EXISTS", name);
 }
 
 }  // namespace

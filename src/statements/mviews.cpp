@@ -1,5 +1,6 @@
 #include "qarvelt/statements/mviews.h"
 
+#include "object_name.h"
 #include "qarvelt/clauses/lob.h"
 #include "qarvelt/clauses/partition.h"
 #include "qarvelt/clauses/storage.h"
@@ -131,7 +132,7 @@ void CSQLCreateMaterializedView::init() {
   attach(
       this,
       And({viewKeyword(v), ""},
-          qualifiedName("MVIEW"),
+          GuardedName(v, "IF_NOT_EXISTS", "MVIEW"),
           // Oracle Database 10g Release 2 introduced column aliases.
           when(v >= 6, named("C_MV_ALIASES", names("LIST")))),
       // ON PREBUILT TABLE (Oracle8i) stands instead of the properties of a new container table.

@@ -1,6 +1,7 @@
 // Partitioning: how tables and indexes are split into partitions and subpartitions.
 //
-//   C_TABLE_PART           PARTITION BY RANGE | HASH | LIST, or RANGE with LIST or HASH subpartitions
+//   C_TABLE_PART           PARTITION BY RANGE | HASH | LIST | REFERENCE, or RANGE or LIST with RANGE,
+//                          LIST or HASH subpartitions; INTERVAL and AUTOMATIC partitioning
 //   C_PARTITION_SPEC       PARTITION P1 and its description (the halves of a split)
 //   C_SUBPARTITION_SPEC    SUBPARTITION S1 VALUES ('A') TABLESPACE T
 //   C_PARTITION_STORAGE    TABLESPACE, OVERFLOW TABLESPACE, LOB ( ... ) STORE AS, VARRAY ... STORE AS LOB
@@ -24,8 +25,20 @@
 namespace qarvelt {
 
 // Below release code 3 the only kind is range partitioning ("C_RANGE_PART"). From 3 the kinds are
-// alternatives: "C_RANGE_PART", "C_HASH_PART", "C_LIST_PART" (from release code 6) and
-// "C_COMPOSITE_PART", all built with this clause's release code.
+// alternatives: "C_RANGE_PART", "C_HASH_PART", "C_LIST_PART" (from release code 6),
+// "C_COMPOSITE_PART" (range partitions with subpartitions), and from release code 7
+// "C_COMPOSITE_LIST_PART" (list partitions with subpartitions) and "C_REFERENCE_PART", all built with
+// this clause's release code.
+//
+// Oracle 11g brought, on top of the older shapes:
+//   "C_RANGE_PART;INTERVAL" and "C_COMPOSITE_PART;INTERVAL": INTERVAL (expr), whose "LIST" holds the
+//     tablespaces of STORE IN ( ... );
+//   "C_SUBPART_BY_RANGE": SUBPARTITION BY RANGE (B) with a template, beside the list and hash kinds;
+//   "C_REFERENCE_PART": PARTITION BY REFERENCE (the foreign key, "CONSTRAINT") and the partitions
+//     ("LIST", CSQLClausePartitionSpec items);
+//   "C_RANGEVALUES" in the subpartition descriptions (CSubSQLItemTemplate, CSQLClauseSubPartitionSpec).
+// Oracle 12c Release 2 brought "COLUMNS" (the key columns of a list partitioning on several columns, in
+// place of "COLUMN") and "AUTOMATIC" (set to AUTOMATIC) in "C_LIST_PART" and "C_COMPOSITE_LIST_PART".
 class CSQLClauseTablePartition : public Cloneable<CSQLClauseTablePartition> {
  public:
   explicit CSQLClauseTablePartition(bool bInit = true, int nOraVersion = 7);
@@ -36,16 +49,21 @@ class CSQLClauseTablePartition : public Cloneable<CSQLClauseTablePartition> {
   class CSubSQLItemRange : public Cloneable<CSubSQLItemRange> {
    public:
     explicit CSubSQLItemRange(const char* name);
+    // Builds the item for a release: the syntax of newer releases (INDEXING) at their codes.
+    CSubSQLItemRange(const char* name, int nOraVersion);
     explicit CSubSQLItemRange(bool bInit = true, int nOraVersion = 7);
 
    protected:
     void init() override;
   };
 
-  // A hash partition: PARTITION P1 and its storage.
+  // A hash partition: PARTITION P1, from release code 9 "INDEXING" (INDEXING ON or OFF), and its
+  // storage.
   class CSubSQLItemHash : public Cloneable<CSubSQLItemHash> {
    public:
     explicit CSubSQLItemHash(const char* name);
+    // Builds the item for a release: the syntax of newer releases (INDEXING) at their codes.
+    CSubSQLItemHash(const char* name, int nOraVersion);
     explicit CSubSQLItemHash(bool bInit = true, int nOraVersion = 7);
 
    protected:
@@ -56,16 +74,21 @@ class CSQLClauseTablePartition : public Cloneable<CSQLClauseTablePartition> {
   class CSubSQLItemList : public Cloneable<CSubSQLItemList> {
    public:
     explicit CSubSQLItemList(const char* name);
+    // Builds the item for a release: the syntax of newer releases (INDEXING) at their codes.
+    CSubSQLItemList(const char* name, int nOraVersion);
     explicit CSubSQLItemList(bool bInit = true, int nOraVersion = 7);
 
    protected:
     void init() override;
   };
 
-  // One subpartition of a template: SUBPARTITION S1, its values (list subpartitions) and storage.
+  // One subpartition of a template: SUBPARTITION S1, its values (list subpartitions) or, from release
+  // code 7, its bound (range subpartitions, "C_RANGEVALUES"), and its storage.
   class CSubSQLItemTemplate : public Cloneable<CSubSQLItemTemplate> {
    public:
     explicit CSubSQLItemTemplate(const char* name);
+    // Builds the item for a release: the syntax of newer releases (INDEXING) at their codes.
+    CSubSQLItemTemplate(const char* name, int nOraVersion);
     explicit CSubSQLItemTemplate(bool bInit = true, int nOraVersion = 7);
 
    protected:
@@ -98,18 +121,22 @@ class CSQLClausePartLevelSubpart : public Cloneable<CSQLClausePartLevelSubpart> 
   void init() override;
 };
 
-// PARTITION, the partition name ("PARTITION") and its description ("C_TAB_PART_DESC").
+// PARTITION, the partition name ("PARTITION") and its description ("C_TAB_PART_DESC"); also a
+// partition of a table partitioned by reference.
 class CSQLClausePartitionSpec : public Cloneable<CSQLClausePartitionSpec> {
  public:
   // Builds the clause under `name` instead of "C_PARTITION_SPEC".
   explicit CSQLClausePartitionSpec(const char* name);
+  // The same for a release: its description takes the syntax of newer releases at their codes.
+  CSQLClausePartitionSpec(const char* name, int nOraVersion);
   explicit CSQLClausePartitionSpec(bool bInit = true, int nOraVersion = 7);
 
  protected:
   void init() override;
 };
 
-// SUBPARTITION, the name ("SUBPARTITION"), "C_LISTVALUES" and "C_PARTITION_STORAGE".
+// SUBPARTITION, the name ("SUBPARTITION"), "C_LISTVALUES" (list subpartitions) or, from release code
+// 7, "C_RANGEVALUES" (range subpartitions), and "C_PARTITION_STORAGE".
 class CSQLClauseSubPartitionSpec : public Cloneable<CSQLClauseSubPartitionSpec> {
  public:
   // Builds the clause under `name` instead of "C_SUBPARTITION_SPEC".
@@ -155,6 +182,7 @@ class CSQLClausePartitionAttribute : public Cloneable<CSQLClausePartitionAttribu
   void init() override;
 };
 
+// From release code 8 "INDEXING" (INDEXING ON or OFF: whether partial indexes cover the partition);
 // "C_SEG_ATTRIBUTE"; "COMPRESS" (table compression: COMPRESS or NOCOMPRESS) and "C_KEY_COMPRESSION";
 // "OVERFLOW" with its own "C_SEG_ATTRIBUTE"; "LIST" of LOB and varray items (LOB (C) STORE AS (...));
 // "C_PART_LEVEL_SUBPART".

@@ -20,7 +20,7 @@
 //
 // Collection values:
 //   "TYPE"     the table's partitioning kind, the default of AddPartition
-//   "SUBTYPE"  the subpartitioning kind of a composite table (HASH or LIST), "" for none; copied into
+//   "SUBTYPE"  the subpartitioning kind of a composite table (RANGE, HASH or LIST), "" for none; copied into
 //              each partition added afterwards
 //   "UPDATE"   an option, read as it stands (changed or not): UPDATE or INVALIDATE, written before
 //              GLOBAL INDEXES on every statement that takes it (drop, coalesce, truncate, move, add
@@ -56,7 +56,7 @@
 //   1. drops: DROP SUBPARTITION s of the kept partitions, then DROP PARTITION p, each with the
 //      "UPDATE" option. Oracle removes hash partitions only by coalescing, which takes out the most
 //      recently added one: a dropped HASH partition is written COALESCE PARTITION, a dropped HASH
-//      subpartition of a range partition MODIFY PARTITION p COALESCE SUBPARTITION (without the
+//      subpartition of a range or list partition MODIFY PARTITION p COALESCE SUBPARTITION (without the
 //      option, which the tree would place before SUBPARTITION), so mark for drop the last ones;
 //   2. renames: RENAME PARTITION p TO q, after each partition RENAME SUBPARTITION s TO t of its
 //      subpartitions; every later statement names partitions and subpartitions by their new names;
@@ -71,7 +71,7 @@
 //   6. adds: ADD PARTITION p VALUES LESS THAN (...) (range), ADD PARTITION p (hash, with its
 //      tablespace) or ADD PARTITION p VALUES (...) (list), with the current texts of its values and
 //      its subpartitions (SUBPARTITION s [VALUES (...)] [TABLESPACE t], those not dropped) in
-//      brackets; for a kept range partition MODIFY PARTITION p ADD SUBPARTITION s ... of each added
+//      brackets; for a kept range or list partition MODIFY PARTITION p ADD SUBPARTITION s ... of each added
 //      subpartition.
 // Drops come first so that renames and adds may take the names they free; adds come last so that an
 // added partition may take a name a rename freed. A range partition can only be added above the
@@ -87,10 +87,10 @@
 // dropped, the bound of an existing partition (a range bound changes by SPLIT or MERGE), values a
 // list partition or subpartition gives up (the tree has no DROP VALUES), the segment attributes of
 // an added hash partition other than its tablespace, INITIAL, MINEXTENTS and FREELIST of a hash
-// partition, attributes of a subpartition other than its tablespace, subpartitions added to a hash
-// or list partition (the tree offers ADD SUBPARTITION below range partitions only), and a dropped
-// hash subpartition of a hash or list partition, which is written DROP SUBPARTITION and refused by
-// Oracle.
+// partition, attributes of a subpartition other than its tablespace, and subpartitions added to or
+// dropped from a hash partition. Subpartitions of a list partition are added and coalesced as those of
+// a range partition are (Oracle 11g), and an added RANGE subpartition is written with its bound,
+// VALUES LESS THAN ( ... ).
 #ifndef QARVELT_INFO_PARTITIONS_H
 #define QARVELT_INFO_PARTITIONS_H
 

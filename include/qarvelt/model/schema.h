@@ -92,6 +92,33 @@ std::string DescribeSchema(const Schema& schema);
 // synonyms; triggers. Throws Error.
 Script CreateSchema(const Schema& schema, const Options& options = {});
 
+// The script from one schema to another. Objects pair by name, or by a declared rename (tables,
+// sequences, views); what only one side has is created or dropped. The order: dependants dropped
+// first (triggers, synonyms, materialized views, views); sequences; foreign keys that go away or
+// change; dropped tables; each kept table's changes; new tables in foreign-key order; the foreign
+// keys kept tables gain; views in the order their queries name each other; materialized views,
+// synonyms and triggers. Dropping a table or a materialized view warns that data is lost (and is
+// refused under fail_on_data_loss). Throws Error.
+Script DiffSchema(const Schema& before, const Schema& after, const Options& options = {});
+
+// The CREATE script of a document, whichever it is: a table document (Create) or a schema document
+// (CreateSchema). Throws Error.
+Script CreateDocument(const std::string& text, const std::string& source, const Options& options = {});
+// The script between two documents: the table diff when both are table documents, the schema diff
+// otherwise (a table document counting as a schema of one table). Throws Error.
+Script DiffDocuments(const std::string& before,
+                     const std::string& after,
+                     const std::string& oldSource,
+                     const std::string& newSource,
+                     const Options& options = {});
+
+// A table document as a schema of one table, so that it can be compared with a schema.
+Schema SchemaOfTable(const Table& table);
+// Reads every "*.json" document of a folder, in the order of their names, into one schema: table
+// documents add a table, schema documents all they hold. The documents must agree on the schema and
+// the release. Throws Error (BadInput) naming the file at fault.
+Schema ReadSchemaFolder(const std::string& folder);
+
 }  // namespace qarvelt::model
 
 #endif  // QARVELT_MODEL_SCHEMA_H

@@ -91,6 +91,7 @@ struct Partition {
   Segment segment;
   std::vector<PartitionLob> lobs;
   std::vector<Partition> subpartitions;
+  std::string indexing;  // ON or OFF (Oracle 12c: whether partial indexes cover the partition), or ""
 };
 
 struct Index {
@@ -111,11 +112,15 @@ struct Index {
 };
 
 struct Partitioning {
-  std::string type;  // RANGE, HASH or LIST; "" when the table is not partitioned
+  std::string type;  // RANGE, HASH, LIST or REFERENCE; "" when the table is not partitioned
   std::vector<std::string> columns;
   int count = 0;  // hash partitions by number
   std::vector<std::string> store_in;
-  std::string subtype;  // HASH or LIST subpartitioning of a range-partitioned table
+  std::string interval;                        // INTERVAL (expr) of a range partitioning (Oracle 11g)
+  std::vector<std::string> interval_store_in;  // its STORE IN tablespaces
+  std::string constraint;                      // the foreign key of a REFERENCE partitioning (Oracle 11g)
+  bool automatic = false;                      // AUTOMATIC list partitioning (Oracle 12c Release 2)
+  std::string subtype;  // RANGE, HASH or LIST subpartitioning of a range or list partitioned table
   std::vector<std::string> subcolumns;
   int subcount = 0;
   std::vector<Partition> subtemplate;

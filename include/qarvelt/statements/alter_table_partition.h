@@ -1,6 +1,6 @@
 // Partition maintenance of ALTER TABLE ("C_ALTER_TAB_PART"), also embedded by ALTER MATERIALIZED VIEW
-// and ALTER MATERIALIZED VIEW LOG. The clause holds seventeen operations as alternatives; a host
-// fills one of them per statement, reached by its node name:
+// and ALTER MATERIALIZED VIEW LOG. The clause holds seventeen operations (nineteen from release code 9) as
+// alternatives; a host fills one of them per statement, reached by its node name:
 //
 //   C_MODIFY_TABLE_DEF_ATTR  MODIFY DEFAULT ATTRIBUTES FOR PARTITION P1 TABLESPACE T ...
 //   C_SET_SUBPART_TEMPLATE   SET SUBPARTITION TEMPLATE ( SUBPARTITION S1 ...)
@@ -20,6 +20,13 @@
 //   C_MERGE_TABLE_PART       MERGE PARTITIONS P1, P2 INTO PARTITION P12
 //   C_MERGE_TABLE_SUBPART    MERGE SUBPARTITIONS S1, S2 INTO SUBPARTITION S12
 //   C_EXCHANGE_PART_SUBPART  EXCHANGE PARTITION P1 WITH TABLE T2 INCLUDING INDEXES WITHOUT VALIDATION
+//   C_ALTER_INTERVAL_PART    SET INTERVAL (expr) ("INTERVAL"; an empty value writes SET INTERVAL ()),
+//                            or SET STORE IN (T1,T2) ("LIST"); from release code 7
+//   C_ALTER_AUTOMATIC_PART   SET PARTITIONING AUTOMATIC or MANUAL ("PARTITIONING"); from release code 9
+//
+// From release code 8 each MODIFY PARTITION variant has "INDEXING" (INDEXING ON or OFF); from 7 the
+// list variant C_MOD_LIST_PART adds and coalesces subpartitions as the range variant does
+// ("C_ADD_HASH_SUBPART", "C_ADD_LIST_SUBPART", which also adds range subpartitions, "COALESCE").
 //
 // The leaf that names the partition carries the operation's keywords, so setting the name is what
 // writes them ("C_DROP_TAB_PART;PARTITION"); the rest of an operation is usually that leaf's

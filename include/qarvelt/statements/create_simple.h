@@ -25,7 +25,8 @@
 
 namespace qarvelt {
 
-// PUBLIC, then SCHEMA and SYNONYM after "SYNONYM", then SCHEMA2, OBJECT and DBLINK after "FOR".
+// PUBLIC, then IF_NOT_EXISTS (IF NOT EXISTS, from 12), SCHEMA and SYNONYM after "SYNONYM", then SCHEMA2,
+// OBJECT and DBLINK after "FOR".
 class CSQLCreateSynonym : public CreateStatement<CSQLCreateSynonym> {
  public:
   explicit CSQLCreateSynonym(bool bInit = true, int nOraVersion = 7);
@@ -34,8 +35,9 @@ class CSQLCreateSynonym : public CreateStatement<CSQLCreateSynonym> {
   void init() override;
 };
 
-// SCHEMA and SEQUENCE, then INCREMENT, START and the keyword leaves MAXVALUE, MINVALUE, CYCLE, CACHE
-// and ORDER. MAXVALUE, MINVALUE and CACHE have a VALUE child holding the number.
+// IF_NOT_EXISTS (IF NOT EXISTS, from 12), SCHEMA and SEQUENCE, then INCREMENT, START and the keyword leaves
+// MAXVALUE, MINVALUE, CYCLE, CACHE and ORDER. MAXVALUE, MINVALUE and CACHE have a VALUE child holding the
+// number.
 class CSQLCreateSequence : public CreateStatement<CSQLCreateSequence> {
  public:
   explicit CSQLCreateSequence(bool bInit = true, int nOraVersion = 7);

@@ -7,6 +7,7 @@
 //
 // Paths, containers left out:
 //   "REPLACE"           REPLACE, written OR REPLACE
+//   "IF_NOT_EXISTS"     IF NOT EXISTS (from 12; not with OR REPLACE)
 //   "SCHEMA", "TRIGGER" the trigger's name, after "TRIGGER"
 //   the timing, one of the keyword leaves "BEFORE", "AFTER", "INSTEAD" (written INSTEAD OF), "FOR"
 //   (a compound trigger, whose body then begins with COMPOUND TRIGGER); the host fills one

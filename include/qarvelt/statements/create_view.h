@@ -9,6 +9,7 @@
 // Paths, containers left out:
 //   "REPLACE"        REPLACE, written OR REPLACE
 //   "FORCE"          FORCE or NOFORCE
+//   "IF_NOT_EXISTS"  IF NOT EXISTS (from 12; not with OR REPLACE)
 //   "SCHEMA", "VIEW" the view's name, after "VIEW"
 //   then one of (the first that has text, per pass):
 //   "C_VIEW_ALIAS;LIST"  the column aliases in brackets, items CSubSQLItemAlias

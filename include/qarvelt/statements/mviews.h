@@ -39,8 +39,8 @@
 namespace qarvelt {
 
 // CREATE MATERIALIZED VIEW ("C_CREATE_MVIEW"), paths with containers left out:
-//   "SCHEMA", "MVIEW", the column aliases "C_MV_ALIASES;LIST" (from 6);
-//   one of "PREBUILT" (holds PREBUILT, written ON PREBUILT TABLE) with "PREBUILT;REDUCED" (WITH or
+//   "IF_NOT_EXISTS" (IF NOT EXISTS, from 12), "SCHEMA", "MVIEW", the column aliases "C_MV_ALIASES;LIST" (from
+//   6); one of "PREBUILT" (holds PREBUILT, written ON PREBUILT TABLE) with "PREBUILT;REDUCED" (WITH or
 //     WITHOUT, written ... REDUCED PRECISION) (from 2), or the physical properties and the view's
 //     properties:
 //     "C_MV_PHYSICAL_PROP", one of: "C_SEG_ATTRIBUTE" with "COMPRESS" (from 4); "INDEX" (holds INDEX,
