@@ -335,6 +335,7 @@ void CheckExpressions(const Table& table, const std::string& where) {
   for (std::size_t i = 0; i < table.indexes.size(); ++i)
     checkIndex(table.indexes[i], item(where, "indexes", i));
   const Partitioning& p = table.partitioning;
+  CheckExpression(p.interval, ExpressionKind::Expression, key(where, "partitioning.interval"));
   for (std::size_t i = 0; i < p.partitions.size(); ++i)
     checkPartition(p.partitions[i], item(where, "partitioning.partitions", i));
   for (std::size_t i = 0; i < p.subtemplate.size(); ++i)
