@@ -62,6 +62,7 @@
 
 #include "qarvelt/model/document.h"
 #include "qarvelt/model/error.h"
+#include "qarvelt/model/expressions.h"
 #include "qarvelt/model/script.h"
 #include "qarvelt/model/statements.h"
 

@@ -18,6 +18,7 @@
 #include <qarvelt/clauses/lob.h>
 #include <qarvelt/clauses/partition.h>
 #include <qarvelt/clauses/storage.h>
+#include <qarvelt/model/expressions.h>
 #include <qarvelt/statements/alter_table.h>
 #include <qarvelt/statements/create_index.h>
 #include <qarvelt/statements/create_table.h>
@@ -358,6 +359,13 @@ void CheckColumnSyntax(const Column& c, int release, const std::string& where) {
   if (kinds > 1) Refuse(where, "a column has one of a default, an identity and a virtual expression");
   if (!id.generated.empty() && c.type != "NUMBER" && c.type != "INTEGER" && c.type != "FLOAT")
     Refuse(where + ".identity", "an identity column is numeric, not " + c.type);
+  // The identity options are written as given: whole numbers, as for a sequence.
+  const long long most = 999999999999999999;
+  CheckNumber(id.start_with, -most, most, where + ".identity.start_with");
+  CheckNumber(id.increment_by, -most, most, where + ".identity.increment_by");
+  CheckNumber(id.minvalue, -most, most, where + ".identity.minvalue");
+  CheckNumber(id.maxvalue, -most, most, where + ".identity.maxvalue");
+  CheckNumber(id.cache, 2, most, where + ".identity.cache");
   if (!c.virtual_expr.empty() &&
       (CSQLUtil::IsLOBType(c.type.c_str()) != 0 || c.type == "LONG" || c.type == "LONG RAW"))
     Refuse(where + ".virtual", "a virtual column cannot be of type " + c.type);
@@ -1364,6 +1372,7 @@ const Index* KeyIndex(const Table& table, const Constraint& c) {
 }
 
 Script Create(const Table& table, const Options& options) {
+  CheckExpressions(table);
   const Table resolved = ResolveNames(table, options.preserve_case);
   return Writer(resolved, options).Run();
 }

@@ -25,6 +25,7 @@
 #include <memory>
 #include <set>
 
+#include <qarvelt/model/expressions.h>
 #include <qarvelt/qarvelt.h>
 
 #include "commands.h"
@@ -1733,6 +1734,8 @@ Script Diff(const Table& before, const Table& after, const Options& options) {
         "renamed_from",
         "the new table is renamed from " + after.renamed_from + ", but the old one is " + before.name);
   }
+  CheckExpressions(before, "old");
+  CheckExpressions(after, "new");
   const Table oldTable = ResolveNames(before, options.preserve_case);
   const Table newTable = ResolveNames(after, options.preserve_case);
   return Differ(oldTable, newTable, options).run();

@@ -7,6 +7,7 @@
 #include "document_reader.h"
 #include "json_reader.h"
 #include "qarvelt/core/clause.h"
+#include "qarvelt/model/expressions.h"
 
 namespace qarvelt::model {
 
@@ -454,6 +455,7 @@ Table ReadTable(const std::string& text, const std::string& source) {
   ObjectReader r(document, source);
   Table t;
   ReadTableObject(r, t);
+  CheckExpressions(t, source);
   return t;
 }
 

@@ -12,6 +12,7 @@
 #include <sstream>
 #include <tuple>
 
+#include <qarvelt/model/expressions.h>
 #include <qarvelt/qarvelt.h>
 
 #include "commands.h"
@@ -521,6 +522,7 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
   });
   r.Each("triggers", [&](ObjectReader& o) { readTrigger(o, s.triggers.emplace_back()); });
   r.Done();
+  CheckExpressions(s, source);
   return s;
 }
 
@@ -647,6 +649,7 @@ Script CreateSchema(const Schema& schema, const Options& options) {
   const int release = schema.release;
   if (release < 0 || release > kNewestRelease) create::Refuse("release", "unknown release code");
   if (options.if_exists) create::RequireRelease(release, 12, "--if-exists", "IF [NOT] EXISTS");
+  CheckExpressions(schema);
   Script script;
   for (std::size_t i = 0; i < schema.sequences.size(); ++i)
     script.statements.push_back(w.Sequence(schema.sequences[i], "sequences[" + std::to_string(i) + "]"));
