@@ -96,10 +96,14 @@ inline model::Schema GeneratedSchema(int tables, const std::string& name = "APP"
 
 // A release's worth of changes, chosen by `seed`: about 5 in 100 tables gain a column, 3 widen one,
 // 2 change PCTFREE, 1 loses a column, 1 is renamed, 1 is dropped (with the foreign keys to it), and
-// 1 new table comes per 100; sequences change their cache, views their query.
-inline model::Schema EditedSchema(model::Schema s, unsigned seed) {
+// 1 new table comes per 100; sequences change their cache, views their query. A higher `intensity`
+// makes every change that much likelier and adds the rarer ones: renamed columns, keys and indexes,
+// indexes dropped or moved, checks added, partitions added, dropped and renamed, sequences and
+// views renamed, dropped and added.
+inline model::Schema EditedSchema(model::Schema s, unsigned seed, int intensity = 1) {
   std::mt19937 random(seed);
-  auto chance = [&](int percent) { return static_cast<int>(random() % 100) < percent; };
+  auto chance = [&](int percent) { return static_cast<int>(random() % 100) < percent * intensity; };
+  auto rare = [&](int percent) { return intensity > 1 && chance(percent); };
   std::set<std::string> dropped;
   std::vector<model::Table> kept;
   const int count = static_cast<int>(s.tables.size());
@@ -111,7 +115,47 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed) {
     if (chance(5)) t.columns.push_back(column("NOTE", "VARCHAR2", "200"));
     if (chance(3)) t.columns[1].length = "200";
     if (chance(2)) t.segment.pctfree = "20";
-    if (chance(1)) t.columns.erase(t.columns.begin() + 4);  // STATUS
+    if (t.columns.size() > 4 && t.columns[4].name == "STATUS" && chance(1))
+      t.columns.erase(t.columns.begin() + 4);
+    if (t.columns[1].name == "NAME" && rare(2)) {
+      t.columns[1].renamed_from = t.columns[1].name;
+      t.columns[1].name = "FULL_NAME";
+    }
+    if (t.constraints[0].name != t.name + "_KEY" && rare(2)) {
+      t.constraints[0].renamed_from = t.constraints[0].name;
+      t.constraints[0].name = t.name + "_KEY";
+    }
+    if (t.constraints.back().type != "CHECK" && rare(2)) {
+      model::Constraint check;
+      check.name = t.name + "_AMOUNT_CK";
+      check.type = "CHECK";
+      check.check = "AMOUNT >= 0";
+      t.constraints.push_back(check);
+    }
+    if (t.columns.back().name != "FLAG" && rare(2)) {
+      t.columns.push_back(column("FLAG", "NUMBER", "1", true));
+      t.columns.back().default_value = "0";
+    }
+    if (!t.indexes.empty() && t.indexes[0].name != t.name + "_PAR_IX" && rare(2)) {
+      t.indexes[0].renamed_from = t.indexes[0].name;
+      t.indexes[0].name = t.name + "_PAR_IX";
+    } else if (!t.indexes.empty() && rare(2)) {
+      t.indexes[0].tablespace = "IDX";
+    } else if (!t.indexes.empty() && rare(1)) {
+      t.indexes.clear();
+    }
+    auto& parts = t.partitioning.partitions;
+    if (!parts.empty() && parts.back().name != "P2027" && rare(5)) {
+      model::Partition p;
+      p.name = "P2027";
+      p.values_less_than = {"DATE '2028-01-01'"};
+      parts.push_back(p);
+    }
+    if (parts.size() > 2 && rare(5)) parts.erase(parts.begin());
+    if (parts.size() > 2 && parts[1].name[0] == 'P' && rare(5)) {
+      parts[1].renamed_from = parts[1].name;
+      parts[1].name = "Y" + parts[1].name.substr(1);
+    }
     kept.push_back(std::move(t));
   }
   const std::size_t old = kept.size();
@@ -136,6 +180,18 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed) {
   s.tables = std::move(kept);
   for (model::Sequence& q : s.sequences) {
     if (chance(5)) q.cache = "100";
+    if (rare(3)) q.increment_by = "10";
+    if (rare(3)) {
+      q.renamed_from = q.name;
+      q.name = "R" + q.name;
+    }
+  }
+  if (!s.sequences.empty() && rare(10)) s.sequences.erase(s.sequences.begin());
+  if (rare(10)) {
+    model::Sequence q;
+    q.name = "NEW_SEQ" + std::to_string(seed % 100000);
+    q.start_with = "100";
+    s.sequences.push_back(q);
   }
   for (auto v = s.views.begin(); v != s.views.end();) {
     const std::string table = "T" + v->name.substr(1);
@@ -144,8 +200,39 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed) {
       continue;
     }
     if (chance(5)) v->query += " AND AMOUNT > 0";
+    if (rare(3)) {
+      v->renamed_from = v->name;
+      v->name = "R" + v->name;
+    }
     ++v;
   }
+  if (rare(10) && !s.tables.empty()) {
+    model::View v;
+    v.name = "NEW_VIEW" + std::to_string(seed % 100000);
+    v.columns = {"ID"};
+    v.query = "SELECT ID FROM " + s.tables.front().name;
+    s.views.push_back(v);
+  }
+  return s;
+}
+
+// The schema with its declared renames taken away: what it is once a script made them.
+inline model::Schema WithoutRenames(model::Schema s) {
+  for (model::Table& t : s.tables) {
+    t.renamed_from.clear();
+    for (model::Column& c : t.columns)
+      c.renamed_from.clear();
+    for (model::Constraint& k : t.constraints)
+      k.renamed_from.clear();
+    for (model::Index& x : t.indexes)
+      x.renamed_from.clear();
+    for (model::Partition& p : t.partitioning.partitions)
+      p.renamed_from.clear();
+  }
+  for (model::Sequence& q : s.sequences)
+    q.renamed_from.clear();
+  for (model::View& v : s.views)
+    v.renamed_from.clear();
   return s;
 }
 

@@ -107,10 +107,20 @@ std::vector<std::string> Parser::NameList() {
   return names;
 }
 
-std::string Parser::slice(std::size_t from, std::size_t to) const {
+std::string Parser::slice(std::size_t from, std::size_t to, bool keepComments) const {
   if (from >= to) return "";
   const std::size_t begin = m_s.tokens[from].start.offset, end = m_s.tokens[to - 1].end.offset;
-  return std::string(m_s.text.substr(begin, end - begin));
+  std::string text;
+  std::size_t at = begin;
+  for (const Token& c : m_s.comments) {
+    if (keepComments || c.start.offset < begin || c.end.offset > end) continue;
+    if (c.Is(TokenKind::BlockComment) && c.text.rfind("/*+", 0) == 0) continue;
+    text.append(m_s.text.substr(at, c.start.offset - at));
+    text += ' ';
+    at = c.end.offset;
+  }
+  text.append(m_s.text.substr(at, end - at));
+  return text;
 }
 
 std::string Parser::Expression(std::initializer_list<std::string_view> stops, const char* what) {
@@ -120,12 +130,12 @@ std::string Parser::Expression(std::initializer_list<std::string_view> stops, co
   return slice(from, m_at);
 }
 
-std::string Parser::Rest(const char* what) {
+std::string Parser::Rest(const char* what, bool keepComments) {
   const std::size_t from = m_at;
   while (!AtEnd())
     Take();
   if (m_at == from) Fail(what);
-  return slice(from, m_at);
+  return slice(from, m_at, keepComments);
 }
 
 void Parser::SkipClause(std::initializer_list<std::string_view> stops) {

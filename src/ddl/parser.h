@@ -18,7 +18,8 @@ namespace qarvelt::ddl {
 // One statement of a script: its tokens without comments, EndOfInput last (at the terminator).
 struct Statement {
   std::vector<Token> tokens;
-  std::string_view text;  // the whole script, which token offsets index
+  std::vector<Token> comments;  // the comments among them, in order
+  std::string_view text;        // the whole script, which token offsets index
   std::string source;
 };
 
@@ -69,11 +70,13 @@ class Parser {
   std::vector<std::string> NameList();
 
   // The text of a balanced run of tokens up to a comma, a closing bracket or one of `stops` at
-  // depth 0, as written (comments inside kept). Fails when it is empty.
+  // depth 0, as written; a comment inside becomes a blank (an optimizer hint /*+ ... */ stays), as
+  // an expression of a description holds none. Fails when it is empty.
   std::string Expression(std::initializer_list<std::string_view> stops = {},
                          const char* what = "an expression");
-  // The text from the next token to the end of the statement, as written.
-  std::string Rest(const char* what);
+  // The text from the next token to the end of the statement, as written; comments are kept when
+  // `keepComments` (a PL/SQL body), else left out as in expressions.
+  std::string Rest(const char* what, bool keepComments = false);
   // Skips a balanced run of tokens up to a comma, a closing bracket or one of `stops` at depth 0.
   void SkipClause(std::initializer_list<std::string_view> stops = {});
   // Skips a bracketed group when one comes next.
@@ -92,7 +95,7 @@ class Parser {
   void Note(const Token& at, const std::string& message) const;
 
  private:
-  std::string slice(std::size_t from, std::size_t to) const;
+  std::string slice(std::size_t from, std::size_t to, bool keepComments = false) const;
 
   const Statement& m_s;
   ReadReport& m_report;

@@ -381,7 +381,7 @@ void createTrigger(Parser& p, Context& c, bool replace) {
     t.when = p.Expression({}, "a condition");
     p.ExpectOp(")");
   }
-  t.body = p.Rest("the trigger's body");
+  t.body = p.Rest("the trigger's body", true);
   auto& all = c.schema().triggers;
   auto old = findNamed(all, t.name);
   if (old != all.end() && !replace) p.FailAt(at, "a second trigger " + t.name);
@@ -757,7 +757,8 @@ void Context::CheckSchema(Parser& p, const Name& name, const Token& at) {
   }
 }
 
-void Context::RenameTable(const std::string& from, const std::string& to) {
+void Context::RenameTable(std::string from,
+                          const std::string& to) {  // `from` copied: it may be the name it renames
   FindTable(from)->name = to;
   for (model::Table& other : m_schema.tables) {
     for (model::Constraint& k : other.constraints) {
@@ -806,10 +807,13 @@ void ApplyScript(model::Schema& schema,
       tokens.SkipLine(t);
       continue;
     }
-    Statement statement{{}, text, source};
+    Statement statement{{}, {}, text, source};
     for (;; t = tokens.Next()) {
       if (t.Is(TokenKind::Error)) throw Error(ErrorKind::BadInput, where(t), t.value);
-      if (t.IsComment()) continue;
+      if (t.IsComment()) {
+        statement.comments.push_back(t);
+        continue;
+      }
       if (t.Is(TokenKind::EndOfInput) || t.Is(TokenKind::SlashLine)) break;
       if (t.IsOperator(";") && !isPlsql(statement.tokens)) break;
       statement.tokens.push_back(t);

@@ -27,7 +27,7 @@ class Context {
   model::Table& Table(Parser& p, const Name& name, const Token& at);
   model::Table* FindTable(const std::string& name);
   // Renames a table, with the foreign keys and triggers that name it.
-  void RenameTable(const std::string& from, const std::string& to);
+  void RenameTable(std::string from, const std::string& to);
 
  private:
   model::Schema& m_schema;

@@ -514,6 +514,227 @@ void readPartitioning(Parser& p, Table& t) {
   p.ExpectOp(")");
 }
 
+// A partition of the table by name, or a fault at `at`.
+Partition& partitionNamed(Parser& p, Table& t, const std::string& name, const Token& at) {
+  auto& all = t.partitioning.partitions;
+  auto found = std::find_if(all.begin(), all.end(), [&](const Partition& x) { return x.name == name; });
+  if (found == all.end()) p.FailAt(at, "table " + t.name + " has no partition " + name);
+  return *found;
+}
+
+void skipIndexUpdates(Parser& p) {
+  if (p.AcceptWords({"UPDATE", "GLOBAL", "INDEXES"}) || p.AcceptWords({"UPDATE", "INDEXES"}) ||
+      p.AcceptWords({"INVALIDATE", "GLOBAL", "INDEXES"})) {
+    p.SkipBrackets();
+  }
+  p.Accept("ONLINE");
+}
+
+// The table-level clauses of ALTER TABLE that set a property or move the table.
+bool readAlterProperty(Parser& p, Table& t) {
+  const Token& at = p.Peek();
+  if (ReadSegment(p, t.segment)) return true;
+  if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+    t.logging = p.Take().value;
+  } else if (readCompression(p, t.compress)) {
+  } else if (p.IsWord("CACHE") || p.IsWord("NOCACHE")) {
+    t.cache = p.Take().value;
+  } else if (p.IsWord("MONITORING") || p.IsWord("NOMONITORING")) {
+    t.monitoring = p.Take().value;
+  } else if (p.Accept("NOPARALLEL")) {
+    t.parallel = "NOPARALLEL";
+  } else if (p.Accept("PARALLEL")) {
+    t.parallel = p.Peek().Is(TokenKind::Number) ? p.Integer() : "PARALLEL";
+    if (p.AcceptOp("(")) {
+      p.Expect("DEGREE");
+      t.parallel = p.Integer();
+      p.ExpectOp(")");
+    }
+  } else if (p.AcceptWords({"ENABLE", "ROW", "MOVEMENT"})) {
+    t.row_movement = "ENABLE";
+  } else if (p.AcceptWords({"DISABLE", "ROW", "MOVEMENT"})) {
+    t.row_movement = "DISABLE";
+  } else if (p.Accept("MOVE")) {
+    p.Accept("ONLINE");
+    for (;;) {
+      if (p.Accept("TABLESPACE")) {
+        t.tablespace = p.Identifier("a tablespace");
+      } else if (ReadSegment(p, t.segment) || readCompression(p, t.compress)) {
+      } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+        t.logging = p.Take().value;
+      } else if (p.Accept("LOB")) {
+        readLobStorage(p, t, nullptr);
+      } else if (p.Accept("ONLINE") || p.AcceptWords({"UPDATE", "INDEXES"})) {
+      } else {
+        break;
+      }
+    }
+  } else if (p.AcceptWords({"MODIFY", "LOB"})) {
+    const std::vector<std::string> columns = p.NameList();
+    model::LobStorage changes;
+    p.ExpectOp("(");
+    while (!p.AcceptOp(")")) {
+      if (!readLobParameters(p, changes)) p.Fail("a LOB storage parameter");
+    }
+    for (const std::string& name : columns) {
+      auto c =
+          std::find_if(t.columns.begin(), t.columns.end(), [&](const Column& k) { return k.name == name; });
+      if (c == t.columns.end()) p.FailAt(at, "table " + t.name + " has no column " + name);
+      for (auto [to, from] : {std::pair{&c->lob.cache, &changes.cache},
+                              {&c->lob.logging, &changes.logging},
+                              {&c->lob.pctversion, &changes.pctversion},
+                              {&c->lob.retention, &changes.retention},
+                              {&c->lob.chunk, &changes.chunk}}) {
+        if (!from->empty()) *to = *from;
+      }
+    }
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// Partition maintenance, and the partitioning settings ALTER TABLE changes.
+bool readPartitionChange(Parser& p, Table& t) {
+  model::Partitioning& part = t.partitioning;
+  const Token& at = p.Peek();
+  if (p.AreWords({"ADD", "PARTITION"})) {
+    p.Take();
+    Partition added = readPartition(p, t, part.type, "PARTITION");
+    part.partitions.push_back(added);
+    skipIndexUpdates(p);
+  } else if (p.AcceptWords({"DROP", "PARTITION"})) {
+    const Token& where = p.Peek();
+    const std::string name = p.Identifier("a partition name");
+    Partition& gone = partitionNamed(p, t, name, where);
+    part.partitions.erase(part.partitions.begin() + (&gone - part.partitions.data()));
+    skipIndexUpdates(p);
+  } else if (p.AcceptWords({"RENAME", "PARTITION"})) {
+    const Token& where = p.Peek();
+    Partition& x = partitionNamed(p, t, p.Identifier("a partition name"), where);
+    p.Expect("TO");
+    x.name = p.Identifier("a partition name");
+  } else if (p.AcceptWords({"RENAME", "SUBPARTITION"})) {
+    const Token& where = p.Peek();
+    const std::string from = p.Identifier("a subpartition name");
+    p.Expect("TO");
+    const std::string to = p.Identifier("a subpartition name");
+    bool found = false;
+    for (Partition& x : part.partitions) {
+      for (Partition& sub : x.subpartitions) {
+        if (sub.name == from) {
+          sub.name = to;
+          found = true;
+        }
+      }
+    }
+    if (!found) p.FailAt(where, "table " + t.name + " has no subpartition " + from);
+  } else if (p.AcceptWords({"MOVE", "PARTITION"})) {
+    const Token& where = p.Peek();
+    Partition& x = partitionNamed(p, t, p.Identifier("a partition name"), where);
+    readPartitionAttributes(p, t, x);
+    skipIndexUpdates(p);
+    readPartitionAttributes(p, t, x);
+  } else if (p.AcceptWords({"TRUNCATE", "PARTITION"})) {
+    p.Identifier("a partition name");
+    p.Accept("DROP");
+    p.Accept("REUSE");
+    p.Accept("STORAGE");
+    skipIndexUpdates(p);
+  } else if (p.AcceptWords({"COALESCE", "PARTITION"})) {
+    if (!part.partitions.empty()) {
+      part.partitions.pop_back();
+    } else if (part.count > 1) {
+      --part.count;
+    }
+    skipIndexUpdates(p);
+  } else if (p.AcceptWords({"SPLIT", "PARTITION"})) {
+    const Token& where = p.Peek();
+    const std::string name = p.Identifier("a partition name");
+    Partition whole = partitionNamed(p, t, name, where);
+    std::vector<std::string> at2, values;
+    if (p.Accept("AT")) {
+      at2 = readBounds(p);
+    } else {
+      p.Expect("VALUES");
+      values = readBounds(p);
+    }
+    p.Expect("INTO");
+    p.ExpectOp("(");
+    Partition first = readPartition(p, t, "HASH", "PARTITION");
+    p.ExpectOp(",");
+    Partition second = readPartition(p, t, "HASH", "PARTITION");
+    p.ExpectOp(")");
+    skipIndexUpdates(p);
+    // The first part takes the split bound (or the values split off), the second the rest.
+    Partition lower = whole, upper = whole;
+    lower.name = first.name;
+    upper.name = second.name;
+    for (Partition* x : {&lower, &upper}) {
+      const Partition& given = x == &lower ? first : second;
+      if (!given.tablespace.empty()) x->tablespace = given.tablespace;
+      if (!given.segment.empty()) x->segment = given.segment;
+      x->subpartitions.clear();
+      x->lobs.clear();
+    }
+    if (!at2.empty()) {
+      lower.values_less_than = at2;
+    } else {
+      lower.values = values;
+      for (const std::string& v : values)
+        upper.values.erase(std::remove(upper.values.begin(), upper.values.end(), v), upper.values.end());
+    }
+    auto& all = part.partitions;
+    auto position = std::find_if(all.begin(), all.end(), [&](const Partition& x) { return x.name == name; });
+    *position = upper;
+    all.insert(position, lower);
+  } else if (p.AcceptWords({"MODIFY", "PARTITION"})) {
+    const Token& where = p.Peek();
+    Partition& x = partitionNamed(p, t, p.Identifier("a partition name"), where);
+    if (p.AcceptWords({"ADD", "VALUES"})) {
+      for (const std::string& v : readBounds(p))
+        x.values.push_back(v);
+    } else if (p.AcceptWords({"DROP", "VALUES"})) {
+      for (const std::string& v : readBounds(p))
+        x.values.erase(std::remove(x.values.begin(), x.values.end(), v), x.values.end());
+    } else if (p.AcceptWords({"ADD", "SUBPARTITION"})) {
+      p.Seek(p.Mark() - 1);  // back to SUBPARTITION, which the partition reader takes
+      Partition sub = readPartition(p, t, part.subtype, "SUBPARTITION");
+      x.subpartitions.push_back(sub);
+    } else if (p.AcceptWords({"COALESCE", "SUBPARTITION"})) {
+      if (!x.subpartitions.empty()) x.subpartitions.pop_back();
+    } else if (p.Accept("INDEXING")) {
+      x.indexing = p.ExpectOneOf({"ON", "OFF"});
+    } else {
+      readPartitionAttributes(p, t, x);
+    }
+    skipIndexUpdates(p);
+  } else if (p.AcceptWords({"SET", "INTERVAL"})) {
+    p.ExpectOp("(");
+    part.interval = p.IsOp(")") ? "" : p.Expression({}, "the interval");
+    p.ExpectOp(")");
+  } else if (p.AcceptWords({"SET", "STORE", "IN"})) {
+    part.interval_store_in = p.NameList();
+  } else if (p.AcceptWords({"SET", "PARTITIONING"})) {
+    part.automatic = p.ExpectOneOf({"AUTOMATIC", "MANUAL"}) == "AUTOMATIC";
+  } else if (p.AcceptWords({"SET", "SUBPARTITION", "TEMPLATE"})) {
+    part.subtemplate.clear();
+    if (p.Peek().Is(TokenKind::Number)) {
+      part.subcount = std::stoi(p.Integer());
+    } else {
+      p.ExpectOp("(");
+      while (!p.AcceptOp(")")) {
+        part.subtemplate.push_back(readPartition(p, t, part.subtype, "SUBPARTITION"));
+        p.AcceptOp(",");
+      }
+    }
+  } else {
+    (void)at;
+    return false;
+  }
+  return true;
+}
+
 // The table's properties after its columns, in any order.
 void readTableProperties(Parser& p, Table& t) {
   while (!p.AtEnd()) {
@@ -663,7 +884,12 @@ void ReadAlterTable(Parser& p, Context& c) {
   };
   // One ALTER TABLE may hold several clauses: ADD (...) MODIFY (...).
   while (!p.AtEnd()) {
-    if (p.Accept("ADD")) {
+    if (p.AreWords({"ADD", "PARTITION"}) || p.AreWords({"DROP", "PARTITION"}) ||
+        p.AreWords({"RENAME", "PARTITION"}) || p.AreWords({"MODIFY", "PARTITION"}) ||
+        p.AreWords({"MOVE", "PARTITION"}) || p.AreWords({"RENAME", "SUBPARTITION"}) ||
+        p.AreWords({"MODIFY", "LOB"}) || p.AreWords({"MODIFY", "DEFAULT"})) {
+      if (!readPartitionChange(p, t) && !readAlterProperty(p, t)) p.Fail("an ALTER TABLE clause");
+    } else if (p.Accept("ADD")) {
       if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"}) ||
           p.IsWord("UNIQUE") || p.IsWord("CHECK")) {
         t.constraints.push_back(readOutOfLine(p));
@@ -740,8 +966,8 @@ void ReadAlterTable(Parser& p, Context& c) {
         p.Expect("TO");
         c.RenameTable(t.name, p.Identifier("a table name"));
       }
-    } else {
-      p.Fail("ADD, MODIFY, DROP or RENAME");
+    } else if (!readAlterProperty(p, t) && !readPartitionChange(p, t)) {
+      p.Fail("an ALTER TABLE clause");
     }
   }
 }

@@ -20,6 +20,7 @@
 
 #include "commands.h"
 #include "create_support.h"
+#include "qarvelt/model/expressions.h"
 #include "schema_support.h"
 
 namespace qarvelt::model {
@@ -631,6 +632,9 @@ std::vector<std::string> ObjectWriter::AlterMaterializedView(const model::Materi
 }
 
 Script DiffSchema(const Schema& before, const Schema& after, const Options& options) {
+  // No value of a host-built description may carry a second statement into the script.
+  CheckExpressions(before, "old");
+  CheckExpressions(after, "new");
   return SchemaDiffer(before, after, options).run();
 }
 
