@@ -376,6 +376,23 @@ void readLobStorage(Parser& p, Table& t, std::vector<model::PartitionLob>* parti
   }
 }
 
+// PARALLEL [n], PARALLEL (DEGREE n) as Oracle before 9i wrote it, or NOPARALLEL.
+bool readParallel(Parser& p, std::string& parallel) {
+  if (p.Accept("NOPARALLEL")) {
+    parallel = "NOPARALLEL";
+  } else if (p.Accept("PARALLEL")) {
+    parallel = p.Peek().Is(TokenKind::Number) ? p.Integer() : "PARALLEL";
+    if (p.AcceptOp("(")) {
+      p.Expect("DEGREE");
+      parallel = p.Integer();
+      p.ExpectOp(")");
+    }
+  } else {
+    return false;
+  }
+  return true;
+}
+
 // A compression clause, when one comes next: its keyword text as the description keeps it.
 bool readCompression(Parser& p, std::string& compress) {
   if (p.Accept("NOCOMPRESS")) {
@@ -489,7 +506,10 @@ void readPartitioning(Parser& p, Table& t) {
     p.Expect("BY");
     part.subtype = p.ExpectOneOf({"HASH", "LIST", "RANGE"});
     part.subcolumns = p.NameList();
-    if (p.Accept("SUBPARTITIONS")) part.subcount = std::stoi(p.Integer());
+    if (p.Accept("SUBPARTITIONS")) {
+      part.subcount = std::stoi(p.Integer());
+      if (p.AcceptWords({"STORE", "IN"})) part.store_in = p.NameList();
+    }
     if (p.AcceptWords({"SUBPARTITION", "TEMPLATE"})) {
       if (p.Peek().Is(TokenKind::Number)) {
         part.subcount = std::stoi(p.Integer());
@@ -541,15 +561,7 @@ bool readAlterProperty(Parser& p, Table& t) {
     t.cache = p.Take().value;
   } else if (p.IsWord("MONITORING") || p.IsWord("NOMONITORING")) {
     t.monitoring = p.Take().value;
-  } else if (p.Accept("NOPARALLEL")) {
-    t.parallel = "NOPARALLEL";
-  } else if (p.Accept("PARALLEL")) {
-    t.parallel = p.Peek().Is(TokenKind::Number) ? p.Integer() : "PARALLEL";
-    if (p.AcceptOp("(")) {
-      p.Expect("DEGREE");
-      t.parallel = p.Integer();
-      p.ExpectOp(")");
-    }
+  } else if (readParallel(p, t.parallel)) {
   } else if (p.AcceptWords({"ENABLE", "ROW", "MOVEMENT"})) {
     t.row_movement = "ENABLE";
   } else if (p.AcceptWords({"DISABLE", "ROW", "MOVEMENT"})) {
@@ -749,10 +761,7 @@ void readTableProperties(Parser& p, Table& t) {
       t.cache = p.Take().value;
     } else if (p.IsWord("MONITORING") || p.IsWord("NOMONITORING")) {
       t.monitoring = p.Take().value;
-    } else if (p.Accept("NOPARALLEL")) {
-      t.parallel = "NOPARALLEL";
-    } else if (p.Accept("PARALLEL")) {
-      t.parallel = p.Peek().Is(TokenKind::Number) ? p.Integer() : "PARALLEL";
+    } else if (readParallel(p, t.parallel)) {
     } else if (p.AcceptWords({"ENABLE", "ROW", "MOVEMENT"})) {
       t.row_movement = "ENABLE";
     } else if (p.AcceptWords({"DISABLE", "ROW", "MOVEMENT"})) {
