@@ -185,3 +185,60 @@ TEST(DdlReader, CreatedScriptsReadBackToTheirDocuments) {
 
 }  // namespace
 }  // namespace qarvelt::ddl
+
+namespace qarvelt::ddl {
+namespace {
+
+std::string fileText(const std::filesystem::path& path) {
+  std::ifstream in(path);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+model::Schema schemaOf(const std::filesystem::path& path) {
+  const std::string text = fileText(path);
+  return model::IsSchemaDocument(text) ? model::ReadSchema(text, path.string())
+                                       : model::SchemaOfTable(model::ReadTable(text, path.string()));
+}
+
+// Every golden diff of two documents, replayed: its expected script applied to the old document
+// gives the new one.
+TEST(DdlReader, GoldenDiffsReplay) {
+  namespace fs = std::filesystem;
+  const fs::path cli = fs::path(QARVELT_SOURCE_DIR) / "tests" / "cli";
+  int replayed = 0;
+  for (const auto& entry : fs::directory_iterator(cli)) {
+    std::ifstream args(entry.path() / "args");
+    std::string command, before, after, option;
+    args >> command >> before >> after;
+    if (command != "diff" || fs::exists(entry.path() / "code") || !fs::exists(entry.path() / "stdout"))
+      continue;
+    if (fs::path(before).extension() != ".json" || fs::path(after).extension() != ".json") continue;
+    bool recreates = false;
+    while (args >> option)
+      recreates =
+          recreates || option == "--allow-recreate" || option == "--preserve-case" || option == "--json";
+    if (recreates) continue;
+    const model::Schema old = schemaOf(entry.path() / before);
+    model::Schema applied = model::ResolveSchemaNames(old);
+    ReadReport report;
+    ReadOptions options;
+    options.release = old.release;
+    const std::string script = fileText(entry.path() / "stdout");
+    try {
+      ApplyScript(applied, script, entry.path().filename().string() + "/stdout", options, report);
+      const model::Script left =
+          model::DiffSchema(applied, testing::WithoutRenames(schemaOf(entry.path() / after)));
+      EXPECT_TRUE(left.statements.empty()) << entry.path().filename() << " replays to a different schema:\n"
+                                           << model::ScriptText(left);
+      ++replayed;
+    } catch (const model::Error& error) {
+      ADD_FAILURE() << entry.path().filename() << ": " << error.what();
+    }
+  }
+  EXPECT_GT(replayed, 30);
+}
+
+}  // namespace
+}  // namespace qarvelt::ddl

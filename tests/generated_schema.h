@@ -224,13 +224,23 @@ inline model::Schema WithoutRenames(model::Schema s) {
       c.renamed_from.clear();
     for (model::Constraint& k : t.constraints)
       k.renamed_from.clear();
-    for (model::Index& x : t.indexes)
+    for (model::Index& x : t.indexes) {
       x.renamed_from.clear();
-    for (model::Partition& p : t.partitioning.partitions)
+      for (auto* parts : {&x.local_partitions, &x.global_partitions}) {
+        for (model::Partition& p : *parts)
+          p.renamed_from.clear();
+      }
+    }
+    for (model::Partition& p : t.partitioning.partitions) {
       p.renamed_from.clear();
+      for (model::Partition& sub : p.subpartitions)
+        sub.renamed_from.clear();
+    }
   }
   for (model::Sequence& q : s.sequences)
     q.renamed_from.clear();
+  for (model::SchemaIndex& x : s.indexes)
+    x.index.renamed_from.clear();  // (their partitions are not renamed by the generator)
   for (model::View& v : s.views)
     v.renamed_from.clear();
   return s;

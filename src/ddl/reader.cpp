@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 #include "qarvelt/model/error.h"
 #include "readers.h"
@@ -644,13 +645,34 @@ void alterIndex(Parser& p, Context& c) {
     if (found != t.indexes.end()) x = &*found;
   }
   if (x == nullptr) p.FailAt(at, "no index " + name.name);
-  if (p.Accept("RENAME")) {
+  if (p.AcceptWords({"RENAME", "PARTITION"})) {
+    const Token& partAt = p.Peek();
+    const std::string part = p.Identifier("a partition name");
+    auto& all = x->local ? x->local_partitions : x->global_partitions;
+    auto found = findNamed(all, part);
+    if (found == all.end()) p.FailAt(partAt, "index " + x->name + " has no partition " + part);
+    p.Expect("TO");
+    found->name = p.Identifier("the new name");
+  } else if (p.Accept("RENAME")) {
     p.Expect("TO");
     x->name = p.Identifier("the new name");
   } else if (p.Accept("VISIBLE")) {
     x->invisible = false;
   } else if (p.Accept("INVISIBLE")) {
     x->invisible = true;
+  } else if (p.AcceptWords({"REBUILD", "PARTITION"}) || p.AcceptWords({"REBUILD", "SUBPARTITION"})) {
+    const Token& partAt = p.Peek();
+    const std::string part = p.Identifier("a partition name");
+    auto& all = x->local ? x->local_partitions : x->global_partitions;
+    auto found = findNamed(all, part);
+    if (found == all.end()) p.FailAt(partAt, "index " + x->name + " has no partition " + part);
+    while (!p.AtEnd()) {
+      if (p.Accept("TABLESPACE")) {
+        found->tablespace = p.Identifier("a tablespace");
+      } else if (!ReadSegment(p, found->segment) && !p.Accept("ONLINE")) {
+        p.Fail("a REBUILD PARTITION attribute");
+      }
+    }
   } else if (p.Accept("REBUILD")) {
     while (!p.AtEnd()) {
       if (p.Accept("TABLESPACE")) {
@@ -658,7 +680,19 @@ void alterIndex(Parser& p, Context& c) {
       } else if (ReadSegment(p, x->segment)) {
       } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
         x->logging = p.Take().value;
-      } else if (p.Accept("ONLINE") || p.Accept("REVERSE") || p.Accept("NOREVERSE")) {
+      } else if (p.Accept("REVERSE")) {
+        x->reverse = true;
+      } else if (p.Accept("NOREVERSE")) {
+        x->reverse = false;
+      } else if (p.Accept("NOCOMPRESS")) {
+        x->compress = "NOCOMPRESS";
+      } else if (p.Accept("COMPRESS")) {
+        x->compress = p.Peek().Is(TokenKind::Number) ? p.Integer() : "COMPRESS";
+      } else if (p.Accept("NOPARALLEL")) {
+        x->parallel = "NOPARALLEL";
+      } else if (p.Accept("PARALLEL")) {
+        x->parallel = p.Peek().Is(TokenKind::Number) ? p.Integer() : "PARALLEL";
+      } else if (p.Accept("ONLINE")) {
       } else {
         p.Fail("a REBUILD attribute");
       }
@@ -675,7 +709,16 @@ void alterSequence(Parser& p, Context& c) {
   c.CheckSchema(p, name, at);
   auto s = findNamed(c.schema().sequences, name.name);
   if (s == c.schema().sequences.end()) p.FailAt(at, "no sequence " + name.name);
+  const model::Sequence before = *s;
   readSequenceOptions(p, *s, true);
+  // What ALTER SEQUENCE sets back to Oracle's default is described by leaving it out.
+  for (auto [value, old, fallback] :
+       {std::tuple<std::string*, const std::string*, const char*>{&s->cycle, &before.cycle, "NOCYCLE"},
+        {&s->order, &before.order, "NOORDER"},
+        {&s->cache, &before.cache, "20"},
+        {&s->increment_by, &before.increment_by, "1"}}) {
+    if (*value != *old && *value == fallback) value->clear();
+  }
 }
 
 void alterMaterializedView(Parser& p, Context& c) {
@@ -754,6 +797,25 @@ void Context::CheckSchema(Parser& p, const Name& name, const Token& at) {
              name.name + " is in schema " + name.schema + ", the script's other objects in " +
                  (m_schema.name.empty() ? std::string("no named schema") : m_schema.name) +
                  ": a schema description holds one schema");
+  }
+}
+
+void Context::RenameColumn(model::Table& t, const std::string& from, const std::string& to) {
+  auto rename = [&](std::vector<std::string>& names) { std::replace(names.begin(), names.end(), from, to); };
+  for (model::Constraint& k : t.constraints)
+    rename(k.columns);
+  for (model::Index& x : t.indexes) {
+    for (model::IndexKey& key : x.keys) {
+      if (key.column == from) key.column = to;
+    }
+  }
+  rename(t.partitioning.columns);
+  rename(t.partitioning.subcolumns);
+  for (model::Table& other : m_schema.tables) {
+    for (model::Constraint& k : other.constraints) {
+      if (k.ref_table == t.name && (k.ref_schema.empty() || k.ref_schema == m_schema.name))
+        rename(k.ref_columns);
+    }
   }
 }
 

@@ -26,6 +26,8 @@ class Context {
   // The table of that name, or a fault at `at` when the schema has none.
   model::Table& Table(Parser& p, const Name& name, const Token& at);
   model::Table* FindTable(const std::string& name);
+  // Renames a column of `t`, with the keys, indexes, partitioning and foreign keys that name it.
+  void RenameColumn(model::Table& t, const std::string& from, const std::string& to);
   // Renames a table, with the foreign keys and triggers that name it.
   void RenameTable(std::string from, const std::string& to);
 

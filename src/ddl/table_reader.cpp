@@ -1,5 +1,6 @@
 // CREATE TABLE and ALTER TABLE into table descriptions.
 #include <algorithm>
+#include <set>
 
 #include "readers.h"
 
@@ -178,9 +179,17 @@ Constraint readOutOfLine(Parser& p) {
   return k;
 }
 
-void readIdentityOptions(Parser& p, model::Identity& id) {
+// What a column clause of ALTER TABLE ... MODIFY said beyond the column's definition: the words that
+// set something back (NULL, VISIBLE) and which identity options it gave.
+struct ColumnWords {
+  bool nullable = false, visible = false, defaulted = false, typed = false;
+  std::set<std::string> identityOptions;
+};
+
+void readIdentityOptions(Parser& p, model::Identity& id, ColumnWords* words) {
   if (!p.AcceptOp("(")) return;
   while (!p.AcceptOp(")")) {
+    if (words != nullptr) words->identityOptions.insert(p.Peek().value);
     if (p.AcceptWords({"START", "WITH"})) {
       id.start_with = p.Integer();
     } else if (p.AcceptWords({"INCREMENT", "BY"})) {
@@ -206,9 +215,36 @@ void readIdentityOptions(Parser& p, model::Identity& id) {
   }
 }
 
+// An identity clause of ALTER TABLE ... MODIFY: the options it names replace the column's, and one
+// set back to Oracle's default (NOMAXVALUE, INCREMENT BY 1, CACHE 20, NOCYCLE, NOORDER) is left out.
+void mergeIdentity(model::Identity& now, const model::Identity& with, const std::set<std::string>& named) {
+  now.generated = with.generated;
+  auto take = [&](const char* option, std::string& to, const std::string& from, const char* fallback) {
+    if (named.count(option) != 0) to = from == fallback ? "" : from;
+  };
+  take("START", now.start_with, with.start_with, "");
+  take("INCREMENT", now.increment_by, with.increment_by, "1");
+  take("MAXVALUE", now.maxvalue, with.maxvalue, "");
+  take("MINVALUE", now.minvalue, with.minvalue, "");
+  if (named.count("NOMAXVALUE") != 0) now.maxvalue.clear();
+  if (named.count("NOMINVALUE") != 0) now.minvalue.clear();
+  if (named.count("CACHE") != 0) {
+    now.cache = with.cache == "20" ? "" : with.cache;
+    now.nocache = false;
+  }
+  if (named.count("NOCACHE") != 0) {
+    now.cache.clear();
+    now.nocache = true;
+  }
+  for (const char* o : {"CYCLE", "NOCYCLE"})
+    take(o, now.cycle, with.cycle, "NOCYCLE");
+  for (const char* o : {"ORDER", "NOORDER"})
+    take(o, now.order, with.order, "NOORDER");
+}
+
 // A column definition, with its inline constraints; a foreign key or a second named constraint goes
 // among the table's constraints.
-void readColumn(Parser& p, Table& t, bool* nullable = nullptr) {
+void readColumn(Parser& p, Table& t, ColumnWords* words = nullptr) {
   Column c;
   c.name = p.Identifier("a column name");
   // The data type, unless what follows is already a column attribute (ALTER TABLE ... MODIFY (c NOT
@@ -217,14 +253,18 @@ void readColumn(Parser& p, Table& t, bool* nullable = nullptr) {
   for (std::string_view word : {"GENERATED", "AS", QARVELT_COLUMN_STOPS, "DEFAULT", "VISIBLE", "INVISIBLE"})
     typed = typed && !p.IsWord(word);
   if (typed) readDataType(p, c);
+  if (words != nullptr) words->typed = typed;
   for (;;) {
     const Token& at = p.Peek();
-    if (p.Accept("SORT") || p.Accept("VISIBLE")) {
+    if (p.Accept("VISIBLE")) {
+      if (words != nullptr) words->visible = true;
+    } else if (p.Accept("SORT")) {
     } else if (p.Accept("INVISIBLE")) {
       c.invisible = true;
     } else if (p.Accept("COLLATE")) {
       c.collation = p.Identifier("a collation");
     } else if (p.Accept("DEFAULT")) {
+      if (words != nullptr) words->defaulted = true;
       if (p.AcceptWords({"ON", "NULL"})) c.default_on_null = true;
       c.default_value = p.Expression({QARVELT_COLUMN_STOPS}, "a default");
     } else if (p.Accept("GENERATED")) {
@@ -237,7 +277,7 @@ void readColumn(Parser& p, Table& t, bool* nullable = nullptr) {
       }
       p.Expect("AS");
       if (p.Accept("IDENTITY")) {
-        readIdentityOptions(p, c.identity);
+        readIdentityOptions(p, c.identity, words);
       } else {
         if (c.identity.generated != "ALWAYS") p.Fail("IDENTITY");
         c.identity.generated.clear();
@@ -271,7 +311,7 @@ void readColumn(Parser& p, Table& t, bool* nullable = nullptr) {
       if (p.AcceptWords({"NOT", "NULL"})) {
         keep(c.not_null);
       } else if (p.Accept("NULL")) {
-        if (nullable != nullptr) *nullable = true;
+        if (words != nullptr) words->nullable = true;
       } else if (p.AcceptWords({"PRIMARY", "KEY"})) {
         keep(c.primary_key);
       } else if (p.Accept("UNIQUE")) {
@@ -363,16 +403,34 @@ void readLobStorage(Parser& p, Table& t, std::vector<model::PartitionLob>* parti
       if (!readLobParameters(p, lob)) p.Fail("a LOB storage parameter");
     }
   }
+  // What the clause gives replaces what was there; the rest stays (MOVE ... LOB ... STORE AS).
+  auto merge = [&](model::LobStorage& into) {
+    for (auto [to, from] : {std::pair{&into.tablespace, &lob.tablespace},
+                            {&into.chunk, &lob.chunk},
+                            {&into.pctversion, &lob.pctversion},
+                            {&into.segment, &lob.segment},
+                            {&into.cache, &lob.cache},
+                            {&into.logging, &lob.logging},
+                            {&into.in_row, &lob.in_row},
+                            {&into.retention, &lob.retention}}) {
+      if (!from->empty()) *to = *from;
+    }
+    if (lob.cache == "CACHE" && lob.logging.empty()) into.logging.clear();  // CACHE is always logged
+  };
   for (const std::string& name : columns) {
     if (partition != nullptr) {
-      partition->push_back({name, lob});
+      auto found = std::find_if(partition->begin(), partition->end(), [&](const model::PartitionLob& l) {
+        return l.column == name;
+      });
+      if (found == partition->end()) found = partition->insert(partition->end(), {name, {}});
+      merge(found->storage);
       continue;
     }
     auto column =
         std::find_if(t.columns.begin(), t.columns.end(), [&](const Column& c) { return c.name == name; });
     if (column == t.columns.end())
       p.FailAt(at, "LOB storage of " + name + ", which is no column of the table");
-    column->lob = lob;
+    merge(column->lob);
   }
 }
 
@@ -599,6 +657,8 @@ bool readAlterProperty(Parser& p, Table& t) {
                               {&c->lob.chunk, &changes.chunk}}) {
         if (!from->empty()) *to = *from;
       }
+      if (changes.cache == "CACHE" && changes.logging.empty())
+        c->lob.logging.clear();  // CACHE is always logged
     }
   } else {
     return false;
@@ -647,6 +707,18 @@ bool readPartitionChange(Parser& p, Table& t) {
     readPartitionAttributes(p, t, x);
     skipIndexUpdates(p);
     readPartitionAttributes(p, t, x);
+  } else if (p.AcceptWords({"MOVE", "SUBPARTITION"})) {
+    const Token& where = p.Peek();
+    const std::string name = p.Identifier("a subpartition name");
+    Partition* found = nullptr;
+    for (Partition& x : part.partitions) {
+      for (Partition& sub : x.subpartitions) {
+        if (sub.name == name) found = &sub;
+      }
+    }
+    if (found == nullptr) p.FailAt(where, "table " + t.name + " has no subpartition " + name);
+    readPartitionAttributes(p, t, *found);
+    skipIndexUpdates(p);
   } else if (p.AcceptWords({"TRUNCATE", "PARTITION"})) {
     p.Identifier("a partition name");
     p.Accept("DROP");
@@ -896,7 +968,8 @@ void ReadAlterTable(Parser& p, Context& c) {
     if (p.AreWords({"ADD", "PARTITION"}) || p.AreWords({"DROP", "PARTITION"}) ||
         p.AreWords({"RENAME", "PARTITION"}) || p.AreWords({"MODIFY", "PARTITION"}) ||
         p.AreWords({"MOVE", "PARTITION"}) || p.AreWords({"RENAME", "SUBPARTITION"}) ||
-        p.AreWords({"MODIFY", "LOB"}) || p.AreWords({"MODIFY", "DEFAULT"})) {
+        p.AreWords({"MOVE", "SUBPARTITION"}) || p.AreWords({"MODIFY", "LOB"}) ||
+        p.AreWords({"MODIFY", "DEFAULT"})) {
       if (!readPartitionChange(p, t) && !readAlterProperty(p, t)) p.Fail("an ALTER TABLE clause");
     } else if (p.Accept("ADD")) {
       if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"}) ||
@@ -923,25 +996,35 @@ void ReadAlterTable(Parser& p, Context& c) {
       const bool bracketed = p.AcceptOp("(");
       do {
         const Token& where = p.Peek();
+        if (p.IsWord("DROP", 1) && p.IsWord("IDENTITY", 2)) {
+          column(p.Identifier("a column name"), where).identity = {};
+          p.Take();
+          p.Take();
+          continue;
+        }
         Table changed;
-        bool nullable = false;
-        readColumn(p, changed, &nullable);
+        ColumnWords words;
+        readColumn(p, changed, &words);
         Column& now = column(changed.columns.front().name, where);
         const Column& with = changed.columns.front();
-        if (!with.type.empty()) {
+        if (words.typed) {
           now.type = with.type;
           now.length = with.length;
           now.scale = with.scale;
           now.unit = with.unit;
         }
-        if (!with.default_value.empty()) now.default_value = with.default_value;
+        if (words.defaulted) {
+          now.default_value = with.default_value;
+          now.default_on_null = with.default_on_null;
+        }
         if (with.not_null) now.not_null = true;
-        if (nullable) now.not_null = false;
+        if (words.nullable) now.not_null = false;
         if (with.invisible) now.invisible = true;
-        if (p.IsWord("VISIBLE", 0)) now.invisible = false;
+        if (words.visible) now.invisible = false;
         if (!with.virtual_expr.empty()) now.virtual_expr = with.virtual_expr;
         if (!with.collation.empty()) now.collation = with.collation;
-        if (!with.identity.generated.empty()) now.identity = with.identity;
+        if (!with.identity.generated.empty())
+          mergeIdentity(now.identity, with.identity, words.identityOptions);
       } while (bracketed && p.AcceptOp(","));
       if (bracketed) p.ExpectOp(")");
     } else if (p.Accept("DROP")) {
@@ -965,12 +1048,16 @@ void ReadAlterTable(Parser& p, Context& c) {
         const Token& where = p.Peek();
         Column& k = column(p.Identifier("a column name"), where);
         p.Expect("TO");
+        const std::string from = k.name;
         k.name = p.Identifier("a column name");
+        c.RenameColumn(t, from, k.name);
       } else if (p.Accept("CONSTRAINT")) {
         const Token& where = p.Peek();
         auto k = constraint(p.Identifier("a constraint name"), where);
         p.Expect("TO");
+        const std::string from = k->name;
         k->name = p.Identifier("a constraint name");
+        if (t.partitioning.constraint == from) t.partitioning.constraint = k->name;
       } else {
         p.Expect("TO");
         c.RenameTable(t.name, p.Identifier("a table name"));
