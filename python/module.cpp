@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include <qarvelt/ddl/reader.h>
 #include <qarvelt/model/document.h>
 #include <qarvelt/model/error.h>
 #include <qarvelt/model/schema.h>
@@ -119,6 +120,20 @@ PYBIND11_MODULE(_qarvelt, m) {
       py::arg("old"),
       py::arg("new"),
       py::arg("options"));
+  m.def(
+      "import_ddl",
+      [](const std::string& text, const std::string& source, int release, bool skipUnknown) {
+        ddl::ReadOptions options;
+        options.release = release;
+        options.skip_unknown = skipUnknown;
+        ddl::ReadReport report;
+        const model::Schema schema = ddl::ReadScript(text, source, options, report);
+        return py::make_tuple(model::WriteSchema(schema), report.notes, report.warnings);
+      },
+      py::arg("text"),
+      py::arg("source"),
+      py::arg("release"),
+      py::arg("skip_unknown"));
   m.def(
       "script_text",
       [](const std::vector<std::string>& statements, const std::string& terminator) {

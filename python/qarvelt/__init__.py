@@ -123,6 +123,31 @@ def diff(old: Document, new: Document, *, allow_recreate: bool = False, fail_on_
     return Script(statements, warnings)
 
 
+class Imported:
+    """What import_ddl read: the schema document, and the notes (SQL*Plus lines skipped, clauses
+    left out) and warnings (statements skipped, clauses not kept), each with its "source:line:column"."""
+
+    def __init__(self, document: dict, notes: List[str], warnings: List[str]):
+        self.document = document
+        self.notes = notes
+        self.warnings = warnings
+
+    def __repr__(self) -> str:
+        return "Imported(document=%r, notes=%r, warnings=%r)" % (self.document, self.notes, self.warnings)
+
+
+def import_ddl(text: str, *, source: str = "script.sql", release: Union[int, str] = "19c",
+               skip_unknown: bool = False) -> Imported:
+    """The schema document (a dict) that a DDL script describes: an export of Oracle's tools or a
+    hand-written script (SQL*Plus lines are skipped with a note). A statement that cannot be read is
+    a DocumentError naming its place, or, with skip_unknown, a warning. The document goes to create()
+    and diff() like any other."""
+    if not isinstance(text, str):
+        raise TypeError("a DDL script is a str, not %s" % type(text).__name__)
+    document, notes, warnings = _qarvelt.import_ddl(text, source, _release(release), skip_unknown)
+    return Imported(_json.loads(document), notes, warnings)
+
+
 class Statement:
     """One statement tree of the library, filled by attribute path.
 

@@ -64,6 +64,24 @@ def test_schema_documents_create_and_diff_whole_schemas():
     assert qarvelt.diff(orders, {"schema": "shop", "tables": [orders]}).statements == []
 
 
+def test_import_ddl_gives_a_document_for_create_and_diff():
+    script = """set echo on
+create table t (id number(10) constraint t_pk primary key, note varchar2(40) default 'x');
+create index t_note_ix on t (note);
+grant select on t to public;
+"""
+    with pytest.raises(qarvelt.DocumentError) as refused:
+        qarvelt.import_ddl(script)
+    assert refused.value.where == "script.sql:4:1"
+    imported = qarvelt.import_ddl(script, skip_unknown=True)
+    assert imported.notes == ["script.sql:1:1: SQL*Plus line skipped: set echo on"]
+    assert imported.warnings == ["script.sql:4:1: skipped: grant select on t to public"]
+    table = imported.document["tables"][0]
+    assert table["columns"][1]["default"] == "'x'"
+    assert qarvelt.diff(imported.document, imported.document).statements == []
+    assert qarvelt.create(imported.document)[0].startswith("CREATE TABLE T (ID NUMBER (10)")
+
+
 def test_diff_with_nothing_changed_is_empty():
     script = qarvelt.diff(TABLE, TABLE)
     assert script.statements == [] and script.warnings == []
