@@ -703,12 +703,19 @@ void alterIndex(Parser& p, Context& c) {
   if (!p.AtEnd()) p.Fail("the end of the statement");
 }
 
-void alterSequence(Parser& p, Context& c) {
+// The object an ALTER names, from `objects`, or a fault naming `what`.
+template <class T>
+T& altered(Parser& p, Context& c, std::vector<T>& objects, const std::string& what) {
   const Token& at = p.Peek();
-  const Name name = p.QualifiedName("a sequence name");
+  const Name name = p.QualifiedName(("a " + what + " name").c_str());
   c.CheckSchema(p, name, at);
-  auto s = findNamed(c.schema().sequences, name.name);
-  if (s == c.schema().sequences.end()) p.FailAt(at, "no sequence " + name.name);
+  auto found = findNamed(objects, name.name);
+  if (found == objects.end()) p.FailAt(at, "no " + what + " " + name.name);
+  return *found;
+}
+
+void alterSequence(Parser& p, Context& c) {
+  model::Sequence* s = &altered(p, c, c.schema().sequences, "sequence");
   const model::Sequence before = *s;
   readSequenceOptions(p, *s, true);
   // What ALTER SEQUENCE sets back to Oracle's default is described by leaving it out.
@@ -723,11 +730,7 @@ void alterSequence(Parser& p, Context& c) {
 
 void alterMaterializedView(Parser& p, Context& c) {
   p.Expect("VIEW");
-  const Token& at = p.Peek();
-  const Name name = p.QualifiedName("a materialized view name");
-  c.CheckSchema(p, name, at);
-  auto m = findNamed(c.schema().materialized_views, name.name);
-  if (m == c.schema().materialized_views.end()) p.FailAt(at, "no materialized view " + name.name);
+  model::MaterializedView* m = &altered(p, c, c.schema().materialized_views, "materialized view");
   if (p.Accept("REFRESH")) {
     readRefresh(p, *m);
   } else if (p.AcceptWords({"ENABLE", "QUERY", "REWRITE"})) {
@@ -741,12 +744,9 @@ void alterMaterializedView(Parser& p, Context& c) {
 }
 
 void alterTrigger(Parser& p, Context& c) {
-  const Token& at = p.Peek();
-  const Name name = p.QualifiedName("a trigger name");
-  c.CheckSchema(p, name, at);
-  auto t = findNamed(c.schema().triggers, name.name);
-  if (t == c.schema().triggers.end()) p.FailAt(at, "no trigger " + name.name);
-  t->enabled = p.ExpectOneOf({"ENABLE", "DISABLE"});
+  model::Trigger* t = &altered(p, c, c.schema().triggers, "trigger");
+  // A trigger is enabled unless it says otherwise: an export's ALTER TRIGGER ... ENABLE adds nothing.
+  t->enabled = p.ExpectOneOf({"ENABLE", "DISABLE"}) == "DISABLE" ? "DISABLE" : "";
   if (!p.AtEnd()) p.Fail("the end of the statement");
 }
 

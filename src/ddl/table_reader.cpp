@@ -608,22 +608,30 @@ void skipIndexUpdates(Parser& p) {
   p.Accept("ONLINE");
 }
 
-// The table-level clauses of ALTER TABLE that set a property or move the table.
-bool readAlterProperty(Parser& p, Table& t) {
-  const Token& at = p.Peek();
+// A property that CREATE TABLE and ALTER TABLE both set: physical attributes and storage, logging,
+// compression, cache, monitoring, parallelism, row movement.
+bool readProperty(Parser& p, Table& t) {
   if (ReadSegment(p, t.segment)) return true;
   if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
     t.logging = p.Take().value;
-  } else if (readCompression(p, t.compress)) {
   } else if (p.IsWord("CACHE") || p.IsWord("NOCACHE")) {
     t.cache = p.Take().value;
   } else if (p.IsWord("MONITORING") || p.IsWord("NOMONITORING")) {
     t.monitoring = p.Take().value;
-  } else if (readParallel(p, t.parallel)) {
   } else if (p.AcceptWords({"ENABLE", "ROW", "MOVEMENT"})) {
     t.row_movement = "ENABLE";
   } else if (p.AcceptWords({"DISABLE", "ROW", "MOVEMENT"})) {
     t.row_movement = "DISABLE";
+  } else {
+    return readCompression(p, t.compress) || readParallel(p, t.parallel);
+  }
+  return true;
+}
+
+// The table-level clauses of ALTER TABLE that set a property or move the table.
+bool readAlterProperty(Parser& p, Table& t) {
+  const Token& at = p.Peek();
+  if (readProperty(p, t)) {
   } else if (p.Accept("MOVE")) {
     p.Accept("ONLINE");
     for (;;) {
@@ -823,21 +831,9 @@ bool readPartitionChange(Parser& p, Table& t) {
 void readTableProperties(Parser& p, Table& t) {
   while (!p.AtEnd()) {
     const Token& at = p.Peek();
-    if (ReadSegment(p, t.segment)) {
+    if (readProperty(p, t)) {
     } else if (p.Accept("TABLESPACE")) {
       t.tablespace = p.Identifier("a tablespace");
-    } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
-      t.logging = p.Take().value;
-    } else if (readCompression(p, t.compress)) {
-    } else if (p.IsWord("CACHE") || p.IsWord("NOCACHE")) {
-      t.cache = p.Take().value;
-    } else if (p.IsWord("MONITORING") || p.IsWord("NOMONITORING")) {
-      t.monitoring = p.Take().value;
-    } else if (readParallel(p, t.parallel)) {
-    } else if (p.AcceptWords({"ENABLE", "ROW", "MOVEMENT"})) {
-      t.row_movement = "ENABLE";
-    } else if (p.AcceptWords({"DISABLE", "ROW", "MOVEMENT"})) {
-      t.row_movement = "DISABLE";
     } else if (p.Accept("ORGANIZATION")) {
       t.organization = p.ExpectOneOf({"HEAP", "INDEX"});
       if (t.organization == "HEAP") t.organization.clear();
