@@ -1,4 +1,4 @@
-// qarvelt: Oracle DDL from table documents.
+// qarvelt: Oracle DDL from table and schema documents and DDL scripts.
 //
 //   qarvelt create DOCUMENT              CREATE statements of a table or a whole schema
 //   qarvelt diff OLD NEW                 the script from one table or schema to the other
@@ -88,7 +88,9 @@ Input readInput(const std::string& path, const qarvelt::ddl::ReadOptions& option
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{"qarvelt: writes Oracle CREATE and ALTER statements from table documents"};
+  CLI::App app{
+      "qarvelt: writes Oracle CREATE, ALTER and DROP statements from table and schema documents and DDL "
+      "scripts"};
   app.require_subcommand(1);
   app.set_version_flag("--version", "qarvelt " QARVELT_VERSION_STRING);
   std::string terminator = ";";
@@ -122,7 +124,7 @@ int main(int argc, char** argv) {
   std::string tableFile;
   auto* create = app.add_subcommand("create",
                                     "CREATE TABLE, its indexes and comments from a table document, or a "
-                                    "whole schema from a schema document");
+                                    "whole schema from a schema document, a DDL script or a folder");
   create->add_option("TABLE", tableFile, "a table document, a schema document or a folder of documents")
       ->required();
   addOutput(create);
