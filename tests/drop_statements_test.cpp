@@ -1,8 +1,9 @@
-// DROP statements of a schema's objects and ALTER SEQUENCE.
+// DROP statements of a schema's objects, ALTER SEQUENCE and RENAME.
 #include <gtest/gtest.h>
 
 #include <qarvelt/statements/alter_sequence.h>
 #include <qarvelt/statements/drop.h>
+#include <qarvelt/statements/rename.h>
 
 #include "support.h"
 
@@ -71,7 +72,12 @@ INSTANTIATE_TEST_SUITE_P(
                  make<CSQLAlterSequence>(9),
                  {{"SCHEMA", "S"}, {"SEQUENCE", "Q"}, {"RESTART", "RESTART"}, {"RESTART;START", "500"}},
                  "ALTER SEQUENCE S.Q RESTART START WITH 500"},
-        TreeCase{"sequence unchanged writes nothing", make<CSQLAlterSequence>(9), {{"SEQUENCE", "Q"}}, ""}),
+        TreeCase{"sequence unchanged writes nothing", make<CSQLAlterSequence>(9), {{"SEQUENCE", "Q"}}, ""},
+        TreeCase{"rename",
+                 make<CSQLRename>(0),
+                 {{"OBJECT", "ORDER_SEQ"}, {"TO", "ORDERS_SEQ"}},
+                 "RENAME ORDER_SEQ TO ORDERS_SEQ"},
+        TreeCase{"rename without the old name writes nothing", make<CSQLRename>(10), {{"TO", "B"}}, ""}),
     caseName);
 
 TEST(DropStatements, SyntaxArrivesWithItsRelease) {
