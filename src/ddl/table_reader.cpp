@@ -14,8 +14,8 @@ using model::Partition;
 using model::Table;
 
 // Words that end a column's default or a constraint's condition written without brackets.
-#define QARVELT_COLUMN_STOPS \
-  "NOT", "NULL", "CONSTRAINT", "PRIMARY", "UNIQUE", "CHECK", "REFERENCES", "ENABLE", "DISABLE", "COLLATE"
+const std::initializer_list<std::string_view> kColumnStops = {
+    "NOT", "NULL", "CONSTRAINT", "PRIMARY", "UNIQUE", "CHECK", "REFERENCES", "ENABLE", "DISABLE", "COLLATE"};
 
 // A data type: its name as the catalogue has it, and its sizes.
 void readDataType(Parser& p, Column& c) {
@@ -250,7 +250,9 @@ void readColumn(Parser& p, Table& t, ColumnWords* words = nullptr) {
   // The data type, unless what follows is already a column attribute (ALTER TABLE ... MODIFY (c NOT
   // NULL), a virtual column without its type).
   bool typed = !p.AtEnd() && !p.IsOp(",") && !p.IsOp(")");
-  for (std::string_view word : {"GENERATED", "AS", QARVELT_COLUMN_STOPS, "DEFAULT", "VISIBLE", "INVISIBLE"})
+  for (std::string_view word : {"GENERATED", "AS", "DEFAULT", "VISIBLE", "INVISIBLE"})
+    typed = typed && !p.IsWord(word);
+  for (std::string_view word : kColumnStops)
     typed = typed && !p.IsWord(word);
   if (typed) readDataType(p, c);
   if (words != nullptr) words->typed = typed;
@@ -266,7 +268,7 @@ void readColumn(Parser& p, Table& t, ColumnWords* words = nullptr) {
     } else if (p.Accept("DEFAULT")) {
       if (words != nullptr) words->defaulted = true;
       if (p.AcceptWords({"ON", "NULL"})) c.default_on_null = true;
-      c.default_value = p.Expression({QARVELT_COLUMN_STOPS}, "a default");
+      c.default_value = p.Expression(kColumnStops, "a default");
     } else if (p.Accept("GENERATED")) {
       if (p.Accept("ALWAYS")) {
         c.identity.generated = "ALWAYS";
@@ -293,7 +295,7 @@ void readColumn(Parser& p, Table& t, ColumnWords* words = nullptr) {
       p.Accept("VIRTUAL");
     } else if (p.Accept("ENCRYPT")) {
       p.Warn(at, "column " + c.name + ": ENCRYPT is not kept");
-      p.SkipClause({QARVELT_COLUMN_STOPS});
+      p.SkipClause(kColumnStops);
     } else {
       std::string name;
       const bool named = p.Accept("CONSTRAINT");
