@@ -115,11 +115,11 @@ TEST(DdlReader, ReplayingTheDiffOfGeneratedSchemas) {
     const model::Schema before =
         testing::WithoutRenames(testing::EditedSchema(base, static_cast<unsigned>(seed) * 7919U, 3));
     model::Schema after = testing::EditedSchema(before, static_cast<unsigned>(seed), 8);
-    const model::Script script = model::DiffSchema(before, after);
-    const std::string text = model::ScriptText(script);
+    std::string text;
     model::Schema replayed = model::ResolveSchemaNames(before);
     ReadReport report;
     try {
+      text = model::ScriptText(model::DiffSchema(before, after));
       ApplyScript(replayed, text, "diff.sql", {}, report);
     } catch (const model::Error& error) {
       FAIL() << "seed " << seed << ": " << error.what() << "\n" << text;

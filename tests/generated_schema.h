@@ -189,7 +189,7 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed, int intensity 
   if (!s.sequences.empty() && rare(10)) s.sequences.erase(s.sequences.begin());
   if (rare(10)) {
     model::Sequence q;
-    q.name = "NEW_SEQ" + std::to_string(seed % 100000);
+    q.name = "NEW_SEQ" + std::to_string(seed);
     q.start_with = "100";
     s.sequences.push_back(q);
   }
@@ -208,7 +208,7 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed, int intensity 
   }
   if (rare(10) && !s.tables.empty()) {
     model::View v;
-    v.name = "NEW_VIEW" + std::to_string(seed % 100000);
+    v.name = "NEW_VIEW" + std::to_string(seed);
     v.columns = {"ID"};
     v.query = "SELECT ID FROM " + s.tables.front().name;
     s.views.push_back(v);
