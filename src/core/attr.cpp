@@ -23,7 +23,7 @@ CSQLAttr::CSQLAttr(const char* name,
   setName(name);
   m_strInit = orEmpty(initValue);
   m_strValue = orEmpty(value);
-  m_strPrefix = orEmpty(prefix);
+  setPrefix(prefix);
   setSuffix(suffix);
   setPostfix(postfix);
   // No validator accepts every value, as CSQLUtil::IsValid does.
@@ -69,7 +69,7 @@ std::string CSQLAttr::GetValue() {
 
 int CSQLAttr::preModifiedSQL(const char* /*path*/, std::string& text) {
   if (!isModified(nullptr)) return SQL_OK;
-  text = m_strPrefix;
+  text = prefixText();
   text += m_strValue;
   text += suffixText();
   return SQL_OK;

@@ -1,5 +1,7 @@
 #include "qarvelt/core/builder.h"
 
+#include "qarvelt/util/util.h"
+
 namespace qarvelt::build {
 
 void Node::appendTo(CSQLClause* parent, Node&& child) {
@@ -33,13 +35,31 @@ Node Node::afterPostfix(SQLCallback cb) && {
   return std::move(*this);
 }
 
-Node leaf(
-    const char* name, const char* prefix, const char* suffix, const char* postfix, SQLValidator validator) {
-  return Node(std::make_unique<CSQLAttr>(name, "", "", prefix, suffix, postfix, validator));
+Node Node::named(std::unique_ptr<CSQLClause> node, TreeText name) {
+  node->setName(name);
+  return Node(std::move(node));
 }
 
-Node list(const char* name, const char* separator, const char* prefix, const char* postfix) {
-  return Node(std::make_unique<CSQLList>(name, separator, prefix, postfix));
+Node Node::around(std::unique_ptr<CSQLClause> node, TreeText prefix, TreeText suffix, TreeText postfix) {
+  node->setPrefix(prefix);
+  node->setSuffix(suffix);
+  node->setPostfix(postfix);
+  return Node(std::move(node));
+}
+
+Node leaf(TreeText name, TreeText prefix, TreeText suffix, TreeText postfix, SQLValidator validator) {
+  Node made = Node::around(Node::named(std::make_unique<CSQLAttr>(false, kLatestRelease), name).release(),
+                           prefix,
+                           suffix,
+                           postfix);
+  // No validator accepts every value, as CSQLUtil::IsValid does.
+  if (validator != &CSQLUtil::IsValid) return std::move(made).validator(validator);
+  return made;
+}
+
+Node list(TreeText name, const char* separator, TreeText prefix, TreeText postfix) {
+  return Node::around(
+      Node::named(std::make_unique<CSQLList>("", separator, "", ""), name).release(), prefix, "", postfix);
 }
 
 }  // namespace qarvelt::build

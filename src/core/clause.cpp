@@ -1,5 +1,7 @@
 #include "qarvelt/core/clause.h"
 
+#include "pool.h"
+
 #include <cctype>
 #include <cstring>
 #include <functional>
@@ -39,6 +41,14 @@ void Trim(std::string& text) {
   TrimLeft(text);
 }
 
+void* CSQLClause::operator new(std::size_t size) {
+  return detail::AllocateNode(size);
+}
+
+void CSQLClause::operator delete(void* node, std::size_t size) noexcept {
+  detail::FreeNode(node, size);
+}
+
 CSQLClause::CSQLClause(bool /*bInit*/, int nOraVersion) : m_nOraVersion(nOraVersion) {}
 
 CSQLClause::~CSQLClause() {
@@ -65,14 +75,14 @@ void CSQLClause::setLinked(CSQLClause* target) {
   if (target != nullptr) target->rare().linkers.push_back(this);
 }
 
-void CSQLClause::setup(const char* name, bool bInit) {
+void CSQLClause::setup(TreeText name, bool bInit) {
   setName(name);
   // The subtree is built when first needed (children()), with the release code of this moment.
   if (bInit) m_nPendingCode = m_nOraVersion;
 }
 
-void CSQLClause::setName(const char* name) {
-  m_strName = orEmpty(name);
+void CSQLClause::setName(TreeText name) {
+  m_name.set(name);
   nameChanged();
 }
 
@@ -108,14 +118,12 @@ void CSQLClause::noteHooks() {
   addCounts(0, hook ? 1 : -1);
 }
 
-const std::string CSQLClause::kNoText;
-
-void CSQLClause::setSuffix(const char* suffix) {
-  if (m_rare || (suffix != nullptr && *suffix != '\0')) rare().suffix = orEmpty(suffix);
+void CSQLClause::setSuffix(TreeText suffix) {
+  if (m_rare || !suffix.text().empty()) rare().suffix.set(suffix);
 }
 
-void CSQLClause::setPostfix(const char* postfix) {
-  if (m_rare || (postfix != nullptr && *postfix != '\0')) rare().postfix = orEmpty(postfix);
+void CSQLClause::setPostfix(TreeText postfix) {
+  if (m_rare || !postfix.text().empty()) rare().postfix.set(postfix);
 }
 
 void CSQLClause::setValidator(SQLValidator fn) {
@@ -184,10 +192,11 @@ const char* CSQLClause::nextAttr(const char* path) {
 bool CSQLClause::isEqual(const char* path) const {
   const std::string_view head = headOf(path);
   if (head == "*") return true;
-  if (head.size() != m_strName.size()) return false;
+  const std::string_view name = m_name.str();
+  if (head.size() != name.size()) return false;
   for (std::size_t i = 0; i < head.size(); ++i) {
     if (std::tolower(static_cast<unsigned char>(head[i])) !=
-        std::tolower(static_cast<unsigned char>(m_strName[i])))
+        std::tolower(static_cast<unsigned char>(name[i])))
       return false;
   }
   return true;
@@ -229,7 +238,7 @@ std::string CSQLClause::GetValue() {
 }
 
 int CSQLClause::SetPrefix(const char* prefix) {
-  m_strPrefix = orEmpty(prefix);
+  m_prefix.set(prefix);
   return SQL_OK;
 }
 
@@ -260,7 +269,7 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
     if (isQuiet(child.get())) continue;
     piece.clear();
     int result;
-    if (!all && child->m_strName != head) {
+    if (!all && !isNamed(child.get(), head)) {
       if (!isContainer(child.get())) continue;
       result = child->GetModifiedSQL(path, piece);
     } else {
@@ -316,7 +325,7 @@ int CSQLClause::walk(WalkOp op, const char* path, const char* value, CSQLClause*
   const char* rest = splitPath(path, head);
   for (auto& child : children()) {
     const char* sub;
-    if (child->m_strName == head) {
+    if (isNamed(child.get(), head)) {
       sub = rest;
     } else if (isContainer(child.get())) {
       sub = path;
@@ -377,7 +386,7 @@ CSQLClause* CSQLClause::GetClause(const char* path) {
   const char* rest = splitPath(path, head);
   for (auto& child : children()) {
     CSQLClause* found = nullptr;
-    if (child->m_strName == head) {
+    if (isNamed(child.get(), head)) {
       found = child->GetClause(rest);
     } else if (isContainer(child.get())) {
       found = child->GetClause(path);
@@ -397,7 +406,7 @@ bool CSQLClause::IsModified(const char* path) {
   if (head == "*" && isModified(path)) return true;
   for (auto& child : children()) {
     // Unlike the other walks, a container is handed the rest of the path here, not the whole path.
-    if (child->m_strName == head || head == "*" || isContainer(child.get())) {
+    if (isNamed(child.get(), head) || head == "*" || isContainer(child.get())) {
       if (child->IsModified(rest)) return true;
     }
   }
@@ -422,12 +431,17 @@ void CSQLClause::Copy(CSQLClause* target) {
     to.validator = validatorFn();
     to.afterPrefix = afterPrefixFn();
     to.afterPostfix = afterPostfixFn();
-    to.suffix = suffixText();
-    to.postfix = postfixText();
+    if (m_rare) {
+      to.suffix.assign(m_rare->suffix);
+      to.postfix.assign(m_rare->postfix);
+    } else {
+      to.suffix.set("");
+      to.postfix.set("");
+    }
   }
-  target->m_strName = m_strName;
+  target->m_name.assign(m_name);
   target->nameChanged();
-  target->m_strPrefix = m_strPrefix;
+  target->m_prefix.assign(m_prefix);
   target->m_strInit = m_strInit;
   target->m_strValue = m_strValue;
   target->setLinked(linkedNode());

@@ -6,12 +6,6 @@
 
 namespace qarvelt {
 
-namespace {
-const char* orEmpty(const char* s) {
-  return s != nullptr ? s : "";
-}
-}  // namespace
-
 // ---- CSQLContainer ------------------------------------------------------------------------------
 
 CSQLContainer::CSQLContainer(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVersion) {
@@ -19,12 +13,12 @@ CSQLContainer::CSQLContainer(bool /*bInit*/, int nOraVersion) : CSQLClause(false
 }
 
 int CSQLContainer::preModifiedSQL(const char* /*path*/, std::string& text) {
-  detail::openWrap(m_strPrefix, text);
+  detail::openWrap(prefixText(), text);
   return SQL_OK;
 }
 
 int CSQLContainer::postModifiedSQL(const char* /*path*/, std::string& text) {
-  detail::closeWrap(m_strPrefix, postfixText(), text);
+  detail::closeWrap(prefixText(), postfixText(), text);
   return SQL_OK;
 }
 
@@ -69,7 +63,7 @@ bool CSQLContainer::IsModified(const char* path) {
   std::string_view head;
   const char* rest = splitPath(path, head);
   for (auto& child : children()) {
-    if (nameOf(child.get()) == head || head == "*") {
+    if (isNamed(child.get(), head) || head == "*") {
       if (child->IsModified(rest)) return true;
     } else if (isContainer(child.get())) {
       if (child->IsModified(path)) return true;
@@ -85,7 +79,7 @@ CSQLClause* CSQLContainer::operator*() {
 // ---- CSQLContAND --------------------------------------------------------------------------------
 
 CSQLContAND::CSQLContAND(const char* prefix, const char* postfix) : CSQLContainer(false, kLatestRelease) {
-  m_strPrefix = orEmpty(prefix);
+  setPrefix(prefix);
   setPostfix(postfix);
 }
 
@@ -107,7 +101,7 @@ CSQLClause* CSQLContAND::operator*() {
 // ---- CSQLContOR ---------------------------------------------------------------------------------
 
 CSQLContOR::CSQLContOR(const char* prefix, const char* postfix) : CSQLContainer(false, kLatestRelease) {
-  m_strPrefix = orEmpty(prefix);
+  setPrefix(prefix);
   setPostfix(postfix);
 }
 
@@ -127,7 +121,7 @@ int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
     if (isQuiet(child.get())) continue;
     piece.clear();
     int result;
-    if (head != "*" && nameOf(child.get()) != head) {
+    if (head != "*" && !isNamed(child.get(), head)) {
       if (!isContainer(child.get())) continue;
       result = child->GetModifiedSQL(path, piece);
     } else {

@@ -13,7 +13,7 @@ const char* orEmpty(const char* s) {
 CSQLList::CSQLList(const char* name, const char* separator, const char* prefix, const char* postfix)
     : CSQLClause(false, kLatestRelease), m_strSeparator(orEmpty(separator)) {
   setName(name);
-  m_strPrefix = orEmpty(prefix);
+  setPrefix(prefix);
   setPostfix(postfix);
 }
 
@@ -24,12 +24,12 @@ CSQLList::CSQLList(bool /*bInit*/, int nOraVersion) : CSQLClause(false, nOraVers
 CSQLList::~CSQLList() = default;
 
 int CSQLList::preModifiedSQL(const char* /*path*/, std::string& text) {
-  detail::openWrap(m_strPrefix, text);
+  detail::openWrap(prefixText(), text);
   return SQL_OK;
 }
 
 int CSQLList::postModifiedSQL(const char* /*path*/, std::string& text) {
-  detail::closeWrap(m_strPrefix, postfixText(), text);
+  detail::closeWrap(prefixText(), postfixText(), text);
   return SQL_OK;
 }
 
@@ -43,7 +43,7 @@ int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
   for (const auto& child : children()) {
     CSQLClause* item = child.get();
     if (isQuiet(item)) continue;
-    if (head != "*" && nameOf(item) != head && !isContainer(item)) continue;
+    if (head != "*" && !isNamed(item, head) && !isContainer(item)) continue;
     piece.clear();
     if (item->GetModifiedSQL(rest, piece) != SQL_OK) continue;
     std::string trimmedPiece = piece;
@@ -68,7 +68,7 @@ int CSQLList::RemoveAttr(const char* path) {
   const std::string_view name = headOf(path);
   auto& items = children();
   for (std::size_t i = 0; i < items.size(); ++i) {
-    if (nameOf(items[i].get()) == name) {
+    if (isNamed(items[i].get(), name)) {
       eraseChild(i);
       return SQL_OK;
     }

@@ -4,14 +4,15 @@
 #define QARVELT_SRC_CORE_WRAP_H
 
 #include <string>
+#include <string_view>
 
 namespace qarvelt::detail {
 
-inline void openWrap(const std::string& prefix, std::string& text) {
+inline void openWrap(std::string_view prefix, std::string& text) {
   text += prefix;
 }
 
-inline void closeWrap(const std::string& prefix, const std::string& postfix, std::string& text) {
+inline void closeWrap(std::string_view prefix, std::string_view postfix, std::string& text) {
   if (text == prefix) {
     text.clear();
   } else {

@@ -62,7 +62,7 @@ namespace qarvelt::build {
 // no behaviour of their own. Its clone copies name and children like any node's.
 class NamedNode : public Cloneable<NamedNode> {
  public:
-  explicit NamedNode(const char* name) : Cloneable(kLatestRelease) { setup(name, false); }
+  explicit NamedNode(TreeText name) : Cloneable(kLatestRelease) { setup(name, false); }
   explicit NamedNode(bool bInit = true, int nOraVersion = kLatestRelease) : Cloneable(nOraVersion) {
     setup("", bInit);
   }
@@ -99,21 +99,21 @@ class Node {
   static void appendTo(CSQLClause* parent, Node&& child);
   // Makes room for `count` more children of `parent`, so that a listing grows its vector once.
   static void reserveFor(CSQLClause* parent, std::size_t count);
+  // The texts of a node the words make: literals stay views into the listing.
+  static Node named(std::unique_ptr<CSQLClause> node, TreeText name);
+  static Node around(std::unique_ptr<CSQLClause> node, TreeText prefix, TreeText suffix, TreeText postfix);
 
  private:
   std::unique_ptr<CSQLClause> m_node;
 };
 
-Node leaf(const char* name,
-          const char* prefix = "",
-          const char* suffix = "",
-          const char* postfix = "",
+Node leaf(TreeText name,
+          TreeText prefix = "",
+          TreeText suffix = "",
+          TreeText postfix = "",
           SQLValidator validator = nullptr);
 
-Node list(const char* name = "LIST",
-          const char* separator = " ",
-          const char* prefix = "",
-          const char* postfix = "");
+Node list(TreeText name = "LIST", const char* separator = " ", TreeText prefix = "", TreeText postfix = "");
 
 inline Node node(CSQLClause* raw) {
   return Node(raw);
@@ -125,7 +125,7 @@ Node clause(int nOraVersion) {
 }
 
 template <class... Children>
-Node named(const char* name, Children&&... children) {
+Node named(TreeText name, Children&&... children) {
   return Node(std::make_unique<NamedNode>(name)).with(std::forward<Children>(children)...);
 }
 
@@ -135,13 +135,13 @@ inline Node when(bool condition, Node node) {
 
 // The prefix and postfix of a container, written as one braced pair: And({"(", ")"}, ...).
 struct Around {
-  const char* prefix;
-  const char* postfix;
+  TreeText prefix;
+  TreeText postfix;
 };
 
 template <class... Children>
 Node And(Around texts, Children&&... children) {
-  return Node(std::make_unique<CSQLContAND>(texts.prefix, texts.postfix))
+  return Node::around(std::make_unique<CSQLContAND>(false), texts.prefix, "", texts.postfix)
       .with(std::forward<Children>(children)...);
 }
 
@@ -152,7 +152,7 @@ Node And(Node first, Children&&... rest) {
 
 template <class... Children>
 Node Or(Around texts, Children&&... children) {
-  return Node(std::make_unique<CSQLContOR>(texts.prefix, texts.postfix))
+  return Node::around(std::make_unique<CSQLContOR>(false), texts.prefix, "", texts.postfix)
       .with(std::forward<Children>(children)...);
 }
 

@@ -15,10 +15,13 @@
 #ifndef QARVELT_CORE_CLAUSE_H
 #define QARVELT_CORE_CLAUSE_H
 
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "qarvelt/core/text.h"
 
 namespace qarvelt {
 
@@ -65,6 +68,13 @@ class CSQLClause {
   CSQLClause(const CSQLClause&) = delete;
   CSQLClause& operator=(const CSQLClause&) = delete;
 
+  // Nodes come from the library's node allocator: a tree is many small nodes made and freed together.
+  static void* operator new(std::size_t size);
+  static void operator delete(void* node, std::size_t size) noexcept;
+  // Placement forms, so that a node can still be built in storage of the host's.
+  static void* operator new(std::size_t /*size*/, void* where) noexcept { return where; }
+  static void operator delete(void* /*node*/, void* /*where*/) noexcept {}
+
   virtual std::string GetSubType();
 
   // Writes the text of everything modified below `path` ("*" for the whole tree; a null path is read
@@ -95,7 +105,7 @@ class CSQLClause {
   virtual bool hasUnused();
   virtual void RefreshUsed();
 
-  std::string GetType() const { return m_strName; }
+  std::string GetType() const { return std::string(m_name.str()); }
   int GetLength() const { return static_cast<int>(children().size()); }
   int SetPrefix(const char* prefix);
   void SetAfterPrefix(SQLCallback cb) { setCallback(cb, false); }
@@ -110,9 +120,9 @@ class CSQLClause {
   // The child at `index` in order of appending, or null when out of range.
   CSQLClause* GetChild(int index) const;
   std::string GetInit() const { return m_strInit; }
-  std::string GetPrefix() const { return m_strPrefix; }
-  std::string GetSuffix() const { return suffixText(); }
-  std::string GetPostfix() const { return postfixText(); }
+  std::string GetPrefix() const { return std::string(m_prefix.str()); }
+  std::string GetSuffix() const { return std::string(suffixText()); }
+  std::string GetPostfix() const { return std::string(postfixText()); }
 
  protected:
   virtual int setValue(const char* path, const char* value);
@@ -137,11 +147,18 @@ class CSQLClause {
 
   // Names the node and, when bInit is true, builds its subtree: the body of every constructor
   // `(bool bInit, int nOraVersion)` of a node class.
-  void setup(const char* name, bool bInit);
-  void setName(const char* name);
+  void setup(TreeText name, bool bInit);
+  void setName(TreeText name);
   // Name and kind of another node, for the writers of derived classes.
-  static const std::string& nameOf(const CSQLClause* node) { return node->m_strName; }
+  static std::string_view nameOf(const CSQLClause* node) { return node->m_name.str(); }
   static bool isContainer(const CSQLClause* node) { return node->m_bContainer; }
+  // True when `node` is named exactly `name` (byte for byte): the test of every path walk, lengths
+  // first, so that most children are passed over without comparing a byte.
+  static bool isNamed(const CSQLClause* node, std::string_view name) {
+    const std::string_view own = node->m_name.str();
+    return own.size() == name.size() &&
+           (name.empty() || std::memcmp(own.data(), name.data(), name.size()) == 0);
+  }
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
   CSQLClause* cloneInto(CSQLClause* fresh);
@@ -170,7 +187,7 @@ class CSQLClause {
   // Appends a trimmed, non-empty piece to `text` by the join rule.
   static void joinPiece(std::string& text, const std::string& piece);
 
-  static constexpr const char* kContainerName = "CONTAINER";
+  static constexpr char kContainerName[] = "CONTAINER";
 
   // The children, built first when the node's init() has not run yet. Every operation that needs the
   // subtree goes through here; the ones for which an unbuilt subtree and an untouched one are the
@@ -204,17 +221,19 @@ class CSQLClause {
   static bool anyModified(const CSQLClause* node) { return node->m_nModified != 0; }
 
   int m_nOraVersion;
-  std::string m_strName;
-  std::string m_strPrefix;
+  detail::NodeText m_name;
+  detail::NodeText m_prefix;
   bool m_bUsed = false;
   std::string m_strValue;
   std::string m_strInit;
 
   // The texts and links that few nodes have: kept apart, so that a plain node stays small.
-  const std::string& suffixText() const { return m_rare ? m_rare->suffix : kNoText; }
-  const std::string& postfixText() const { return m_rare ? m_rare->postfix : kNoText; }
-  void setSuffix(const char* suffix);
-  void setPostfix(const char* postfix);
+  std::string_view prefixText() const { return m_prefix.str(); }
+  std::string_view suffixText() const { return m_rare ? m_rare->suffix.str() : std::string_view(); }
+  std::string_view postfixText() const { return m_rare ? m_rare->postfix.str() : std::string_view(); }
+  void setPrefix(TreeText prefix) { m_prefix.set(prefix); }
+  void setSuffix(TreeText suffix);
+  void setPostfix(TreeText postfix);
   CSQLClause* linkedNode() const { return m_rare ? m_rare->linked : nullptr; }
   // A null validator accepts every value.
   SQLValidator validatorFn() const { return m_rare ? m_rare->validator : nullptr; }
@@ -228,18 +247,17 @@ class CSQLClause {
   // Runs init() with the release code the node was constructed with; from then on it is built.
   void build() const;
   void addCounts(int modified, int hooks);
-  void nameChanged() { m_bContainer = m_strName == kContainerName; }
+  void nameChanged() { m_bContainer = m_name.str() == kContainerName; }
 
   struct Rare {
-    std::string suffix;
-    std::string postfix;
+    detail::NodeText suffix;
+    detail::NodeText postfix;
     CSQLClause* linked = nullptr;
     std::vector<CSQLClause*> linkers;  // the nodes whose link names this node
     SQLValidator validator = nullptr;
     SQLCallback afterPrefix = nullptr;
     SQLCallback afterPostfix = nullptr;
   };
-  static const std::string kNoText;
   Rare& rare() {
     if (!m_rare) m_rare = std::make_unique<Rare>();
     return *m_rare;
