@@ -1,6 +1,10 @@
 // The tree-building vocabulary used by every init().
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <memory>
+#include <string>
+
 #include "support.h"
 
 namespace qarvelt::testing {
@@ -93,6 +97,31 @@ TEST(Builder, RefinementsAndEmptyNodes) {
   // Refining or filling an empty node does nothing.
   Node empty = Node().with(leaf("X")).validator(&CSQLUtil::IsValid).afterPostfix(&seeLink);
   EXPECT_FALSE(empty);
+}
+
+// Literal texts are kept as views; texts from buffers are copied, so that a tree never reads a buffer
+// its caller has since changed or freed (by a word, a public constructor, SetPrefix or a clone).
+TEST(Builder, TextsFromBuffersAreCopied) {
+  Named root("R");
+  std::string name = "NAME";
+  std::string prefix = "PRE ";
+  char postfix[8] = " POST";
+  attach(&root, leaf(name.c_str(), prefix.c_str(), "", postfix),
+         list(std::string("L").c_str(), ",", "(", ")"));
+  auto leafAttr = std::make_unique<CSQLAttr>(name.c_str(), "", "", prefix.c_str());
+  leafAttr->SetPrefix(std::string("SET ").c_str());
+  auto clone = root.Clone();
+  name.assign("XXXX");
+  prefix.assign(40, 'x');
+  std::strcpy(postfix, "zzzz");
+  root.SetValue("NAME", "v");
+  clone->SetValue("NAME", "w");
+  leafAttr->SetValue(nullptr, "u");
+  EXPECT_EQ(write(root).text, " PRE v POST");
+  EXPECT_EQ(write(*clone).text, " PRE w POST");
+  EXPECT_EQ(leafAttr->GetType(), "NAME");
+  EXPECT_EQ(write(*leafAttr).text, "SET u");
+  EXPECT_NE(root.GetClause("L"), nullptr);
 }
 
 }  // namespace

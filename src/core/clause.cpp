@@ -1,10 +1,12 @@
 #include "qarvelt/core/clause.h"
 
 #include "pool.h"
+#include "qarvelt/core/container.h"
 
 #include <cctype>
 #include <cstring>
 #include <functional>
+#include <typeinfo>
 #include <unordered_map>
 #include <utility>
 
@@ -16,8 +18,11 @@ const char* orEmpty(const char* s) {
   return s != nullptr ? s : "";
 }
 
+// std::isspace, without a call for the ASCII bytes, on which every locale agrees.
 bool isSpace(char c) {
-  return std::isspace(static_cast<unsigned char>(c)) != 0;
+  const auto byte = static_cast<unsigned char>(c);
+  if (byte < 0x80) return byte == ' ' || (byte >= '\t' && byte <= '\r');
+  return std::isspace(byte) != 0;
 }
 
 }  // namespace
@@ -320,14 +325,38 @@ int CSQLClause::GetModifiedSQL(const char* path, std::string& text) {
 
 // ---- path walks ---------------------------------------------------------------------------------
 
+bool CSQLClause::isPlainContainer(const CSQLClause* node) {
+  // Exactly these classes: a host's class derived from them may walk differently. The type records
+  // of the library's classes are the library's own, so comparing their addresses is enough (a
+  // duplicate record would only mean the slower way through SetValue).
+  const std::type_info* type = &typeid(*node);
+  return type == &typeid(CSQLContAND) || type == &typeid(CSQLContOR) || type == &typeid(CSQLContainer);
+}
+
 int CSQLClause::walk(WalkOp op, const char* path, const char* value, CSQLClause* node) {
   std::string_view head;
   const char* rest = splitPath(path, head);
+  return walkSplit(op, path, head, rest, value, node);
+}
+
+int CSQLClause::walkSplit(WalkOp op,
+                          const char* path,
+                          std::string_view head,
+                          const char* rest,
+                          const char* value,
+                          CSQLClause* node) {
   for (auto& child : children()) {
     const char* sub;
     if (isNamed(child.get(), head)) {
       sub = rest;
     } else if (isContainer(child.get())) {
+      // What SetValue, SetInit and AddAttr of such a container do with a path, without splitting it
+      // again (AddAttr refuses to append a node below itself).
+      if (isPlainContainer(child.get())) {
+        if (op == WalkOp::AddAttr && child.get() == node) continue;
+        if (child->walkSplit(op, path, head, rest, value, node) == SQL_OK) return SQL_OK;
+        continue;
+      }
       sub = path;
     } else {
       continue;

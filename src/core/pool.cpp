@@ -25,6 +25,10 @@ void FreeNode(void* block, std::size_t /*size*/) noexcept {
   ::operator delete(block);
 }
 
+NodeMemory NodeMemoryInUse() {
+  return NodeMemory{};
+}
+
 #else
 
 namespace {
@@ -51,6 +55,7 @@ struct Reserve {
   Lists lists{};
   std::vector<std::pair<char*, char*> > remnants;  // uncarved ends of chunks
   std::vector<char*> chunks;
+  std::size_t reserved = 0;
 };
 
 Reserve& reserve() {
@@ -58,72 +63,80 @@ Reserve& reserve() {
   return *shared;
 }
 
-// One thread's lists and the chunk it carves from. Trivially destructible, so that it stays usable
-// while the thread's other thread-local objects are destroyed; the keeper below hands its contents
-// to the reserve when the thread ends.
+// One thread's lists and the chunk it carves from. A thread reaches its own through one pointer of
+// the initial-exec model: eight bytes of static thread storage, read without a call, even when the
+// library is loaded by dlopen (as the Python module is).
 struct Local {
-  Lists lists;
-  char* cursor;
-  char* end;
+  Lists lists{};
+  char* cursor = nullptr;
+  char* end = nullptr;
+  std::ptrdiff_t inUse = 0;  // bytes of blocks this thread took and has not freed
 };
 
-thread_local Local local{};
+#if defined(__GNUC__)
+__attribute__((tls_model("initial-exec")))
+#endif
+thread_local Local* t_local = nullptr;
 
+// Hands the thread's lists and the rest of its chunk to the reserve when the thread ends. Frees after
+// that (of static trees, say) go to the reserve directly.
 struct Keeper {
-  bool armed = false;
   ~Keeper() {
+    Local* local = t_local;
+    if (local == nullptr) return;
+    t_local = nullptr;
     Reserve& shared = reserve();
     std::lock_guard<std::mutex> lock(shared.mutex);
     for (std::size_t c = 0; c < kClasses; ++c) {
-      FreeBlock* list = local.lists[c];
+      FreeBlock* list = local->lists[c];
       if (list == nullptr) continue;
       FreeBlock* last = list;
       while (last->next != nullptr)
         last = last->next;
       last->next = shared.lists[c];
       shared.lists[c] = list;
-      local.lists[c] = nullptr;
     }
-    if (local.cursor != local.end) shared.remnants.emplace_back(local.cursor, local.end);
-    local.cursor = local.end = nullptr;
+    if (local->cursor != local->end) shared.remnants.emplace_back(local->cursor, local->end);
+    delete local;
   }
 };
 
 thread_local Keeper keeper;
 
+Local* makeLocal() {
+  static_cast<void>(&keeper);  // constructs the keeper, so that it is destroyed with the thread
+  t_local = new Local();
+  return t_local;
+}
+
 // The slow path: the reserve's list of the class, else a block carved from the current chunk, else a
-// new chunk (a remnant first).
-void* refill(std::size_t c) {
-  keeper.armed = true;  // makes sure the keeper is constructed, and so destroyed with the thread
+// new chunk (a large enough remnant first).
+void* refill(Local& local, std::size_t c) {
   const std::size_t size = (c + 1) * kGrain;
   Reserve& shared = reserve();
-  {
-    std::lock_guard<std::mutex> lock(shared.mutex);
-    if (FreeBlock* list = shared.lists[c]) {
-      shared.lists[c] = nullptr;
-      local.lists[c] = list->next;
-      return list;
-    }
-    if (static_cast<std::size_t>(local.end - local.cursor) < size) {
-      // The rest of the current chunk is too small for this class: it goes to the reserve.
-      if (local.cursor != local.end) shared.remnants.emplace_back(local.cursor, local.end);
-      local.cursor = local.end = nullptr;
-      while (!shared.remnants.empty()) {
-        auto [from, to] = shared.remnants.back();
-        shared.remnants.pop_back();
-        if (static_cast<std::size_t>(to - from) >= size) {
-          local.cursor = from;
-          local.end = to;
-          break;
-        }
-      }
-    }
+  std::lock_guard<std::mutex> lock(shared.mutex);
+  if (FreeBlock* list = shared.lists[c]) {
+    shared.lists[c] = nullptr;
+    local.lists[c] = list->next;
+    return list;
   }
-  if (local.cursor == nullptr) {
-    local.cursor = static_cast<char*>(::operator new(kChunk));
-    local.end = local.cursor + kChunk;
-    std::lock_guard<std::mutex> lock(shared.mutex);
-    shared.chunks.push_back(local.cursor);
+  if (static_cast<std::size_t>(local.end - local.cursor) < size) {
+    if (local.cursor != local.end) shared.remnants.emplace_back(local.cursor, local.end);
+    local.cursor = local.end = nullptr;
+    for (std::size_t i = 0; i < shared.remnants.size(); ++i) {
+      auto [from, to] = shared.remnants[i];
+      if (static_cast<std::size_t>(to - from) < size) continue;
+      local.cursor = from;
+      local.end = to;
+      shared.remnants.erase(shared.remnants.begin() + static_cast<std::ptrdiff_t>(i));
+      break;
+    }
+    if (local.cursor == nullptr) {
+      local.cursor = static_cast<char*>(::operator new(kChunk));
+      local.end = local.cursor + kChunk;
+      shared.chunks.push_back(local.cursor);
+      shared.reserved += kChunk;
+    }
   }
   void* block = local.cursor;
   local.cursor += size;
@@ -135,11 +148,14 @@ void* refill(std::size_t c) {
 void* AllocateNode(std::size_t size) {
   if (size == 0 || size > kLargest) return ::operator new(size);
   const std::size_t c = classOf(size);
-  if (FreeBlock* block = local.lists[c]) {
-    local.lists[c] = block->next;
+  Local* local = t_local;
+  if (local == nullptr) local = makeLocal();
+  local->inUse += static_cast<std::ptrdiff_t>((c + 1) * kGrain);
+  if (FreeBlock* block = local->lists[c]) {
+    local->lists[c] = block->next;
     return block;
   }
-  return refill(c);
+  return refill(*local, c);
 }
 
 void FreeNode(void* block, std::size_t size) noexcept {
@@ -150,8 +166,26 @@ void FreeNode(void* block, std::size_t size) noexcept {
   }
   const std::size_t c = classOf(size);
   auto* free = static_cast<FreeBlock*>(block);
-  free->next = local.lists[c];
-  local.lists[c] = free;
+  if (Local* local = t_local) {
+    local->inUse -= static_cast<std::ptrdiff_t>((c + 1) * kGrain);
+    free->next = local->lists[c];
+    local->lists[c] = free;
+    return;
+  }
+  // The thread has ended its use of the pool (or never began it): straight to the reserve.
+  Reserve& shared = reserve();
+  std::lock_guard<std::mutex> lock(shared.mutex);
+  free->next = shared.lists[c];
+  shared.lists[c] = free;
+}
+
+NodeMemory NodeMemoryInUse() {
+  NodeMemory memory;
+  if (Local* local = t_local) memory.in_use = local->inUse;
+  Reserve& shared = reserve();
+  std::lock_guard<std::mutex> lock(shared.mutex);
+  memory.reserved = shared.reserved;
+  return memory;
 }
 
 #endif

@@ -9,13 +9,6 @@
 #ifndef QARVELT_SRC_CORE_POOL_H
 #define QARVELT_SRC_CORE_POOL_H
 
-#include <cstddef>
-
-namespace qarvelt::detail {
-
-void* AllocateNode(std::size_t size);
-void FreeNode(void* block, std::size_t size) noexcept;
-
-}  // namespace qarvelt::detail
+#include "qarvelt/core/clause.h"  // declares AllocateNode and FreeNode
 
 #endif  // QARVELT_SRC_CORE_POOL_H

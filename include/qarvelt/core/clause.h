@@ -15,6 +15,7 @@
 #ifndef QARVELT_CORE_CLAUSE_H
 #define QARVELT_CORE_CLAUSE_H
 
+#include <cstddef>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -29,6 +30,38 @@ class CSQLClause;
 namespace build {
 class Node;
 }
+
+namespace detail {
+void* AllocateNode(std::size_t size);
+void FreeNode(void* block, std::size_t size) noexcept;
+// What the node allocator holds: the bytes of blocks the calling thread took and has not freed (a
+// block freed by another thread counts there), and the bytes taken from the system for blocks, kept
+// for reuse until the process ends. Both 0 when nodes come from the global allocator (sanitizer builds).
+struct NodeMemory {
+  std::ptrdiff_t in_use = 0;
+  std::size_t reserved = 0;
+};
+NodeMemory NodeMemoryInUse();
+
+// Hands the storage of a node's small parts (its list of children) to the node allocator.
+template <class T>
+struct NodeAllocator {
+  using value_type = T;
+  NodeAllocator() noexcept = default;
+  template <class U>
+  NodeAllocator(const NodeAllocator<U>& /*other*/) noexcept {}  // NOLINT: rebinding is implicit
+  T* allocate(std::size_t n) { return static_cast<T*>(AllocateNode(n * sizeof(T))); }
+  void deallocate(T* block, std::size_t n) noexcept { FreeNode(block, n * sizeof(T)); }
+  template <class U>
+  bool operator==(const NodeAllocator<U>& /*other*/) const noexcept {
+    return true;
+  }
+  template <class U>
+  bool operator!=(const NodeAllocator<U>& /*other*/) const noexcept {
+    return false;
+  }
+};
+}  // namespace detail
 
 // Called by the writer after a node's prefix step (linked = the node's linked clause) and after its
 // postfix step (linked = null). `text` is the node's text so far and may be changed; `value` and
@@ -157,7 +190,7 @@ class CSQLClause {
   static bool isNamed(const CSQLClause* node, std::string_view name) {
     const std::string_view own = node->m_name.str();
     return own.size() == name.size() &&
-           (name.empty() || std::memcmp(own.data(), name.data(), name.size()) == 0);
+           (name.empty() || (own[0] == name[0] && std::memcmp(own.data(), name.data(), name.size()) == 0));
   }
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
@@ -192,11 +225,13 @@ class CSQLClause {
   // The children, built first when the node's init() has not run yet. Every operation that needs the
   // subtree goes through here; the ones for which an unbuilt subtree and an untouched one are the
   // same (nothing modified, nothing written, nothing to clear) read m_children as it stands.
-  std::vector<std::unique_ptr<CSQLClause>>& children() {
+  using Children =
+      std::vector<std::unique_ptr<CSQLClause>, detail::NodeAllocator<std::unique_ptr<CSQLClause>>>;
+  Children& children() {
     if (m_nPendingCode >= 0) build();
     return m_children;
   }
-  const std::vector<std::unique_ptr<CSQLClause>>& children() const {
+  const Children& children() const {
     if (m_nPendingCode >= 0) build();
     return m_children;
   }
@@ -250,6 +285,8 @@ class CSQLClause {
   void nameChanged() { m_bContainer = m_name.str() == kContainerName; }
 
   struct Rare {
+    static void* operator new(std::size_t size) { return detail::AllocateNode(size); }
+    static void operator delete(void* block, std::size_t size) noexcept { detail::FreeNode(block, size); }
     detail::NodeText suffix;
     detail::NodeText postfix;
     CSQLClause* linked = nullptr;
@@ -265,7 +302,7 @@ class CSQLClause {
   void setCallback(SQLCallback cb, bool afterPostfix);
 
   std::unique_ptr<Rare> m_rare;
-  std::vector<std::unique_ptr<CSQLClause>> m_children;
+  Children m_children;
   CSQLClause* m_pParent = nullptr;
   // A node's subtree is built the first time something needs it. While it is not, this holds the
   // release code given at construction (-1 once built): gates stay those of construction even when
@@ -285,6 +322,18 @@ class CSQLClause {
   // path's head get the rest, containers get the whole path, the first success ends the walk.
   int walk(WalkOp op, const char* path, const char* value, CSQLClause* node);
 
+ private:
+  // The walk with the path already split into its head and rest. A container of the library's own
+  // classes would only split the same path again and walk its children: the walk enters it directly.
+  int walkSplit(WalkOp op,
+                const char* path,
+                std::string_view head,
+                const char* rest,
+                const char* value,
+                CSQLClause* node);
+  static bool isPlainContainer(const CSQLClause* node);
+
+ protected:
   // The tree-building vocabulary sets validators and linked clauses of the nodes it makes.
   friend class build::Node;
 };
