@@ -254,7 +254,17 @@ CSQLClause* CSQLClause::GetChild(int index) const {
 
 // ---- the writer ---------------------------------------------------------------------------------
 
-void CSQLClause::joinPiece(std::string& text, const std::string& piece) {
+std::string_view CSQLClause::trimmedView(const std::string& piece) {
+  std::size_t first = 0;
+  std::size_t last = piece.size();
+  while (first < last && isSpace(piece[first]))
+    ++first;
+  while (last > first && isSpace(piece[last - 1]))
+    --last;
+  return std::string_view(piece.data() + first, last - first);
+}
+
+void CSQLClause::joinPiece(std::string& text, std::string_view piece) {
   TrimRight(text);
   if (!text.empty() && (text.back() == '(' || text.back() == '.')) {
     text += piece;
@@ -281,8 +291,8 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
       result = child->GetModifiedSQL(rest, piece);
     }
     if (result != SQL_OK) continue;
-    Trim(piece);
-    if (!piece.empty()) joinPiece(text, piece);
+    const std::string_view trimmed = trimmedView(piece);
+    if (!trimmed.empty()) joinPiece(text, trimmed);
   }
 }
 

@@ -30,11 +30,11 @@ int CSQLContainer::GetModifiedSQL(const char* path, std::string& text) {
     if (isQuiet(child.get())) continue;
     piece.clear();
     if (child->GetModifiedSQL(path, piece) != SQL_OK) continue;
-    Trim(piece);
-    if (piece.empty()) continue;
+    const std::string_view trimmed = trimmedView(piece);
+    if (trimmed.empty()) continue;
     TrimRight(text);
     text += ' ';
-    text += piece;
+    text += trimmed;
   }
   endText(path, text);  // the plain container reports text even when there is none
   return SQL_OK;
@@ -130,8 +130,8 @@ int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
     if (result != SQL_OK) continue;
     // The first alternative with something to write is the chosen one; the others wait for a later
     // pass. The after-postfix callback is not called on this path.
-    Trim(piece);
-    if (!piece.empty()) joinPiece(text, piece);
+    const std::string_view trimmed = trimmedView(piece);
+    if (!trimmed.empty()) joinPiece(text, trimmed);
     postModifiedSQL(path, text);
     return SQL_OK;
   }

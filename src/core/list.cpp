@@ -46,8 +46,7 @@ int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
     if (head != "*" && !isNamed(item, head) && !isContainer(item)) continue;
     piece.clear();
     if (item->GetModifiedSQL(rest, piece) != SQL_OK) continue;
-    std::string trimmedPiece = piece;
-    Trim(trimmedPiece);
+    const std::string_view trimmedPiece = trimmedView(piece);
     if (trimmedPiece.empty()) continue;
     if (!written) {
       // The first item that writes stands as it is written, leading blank included. Separators go

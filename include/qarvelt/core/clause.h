@@ -218,7 +218,9 @@ class CSQLClause {
   // after "(" or "."): the middle step of the general writer.
   void writeChildren(const char* path, std::string& text);
   // Appends a trimmed, non-empty piece to `text` by the join rule.
-  static void joinPiece(std::string& text, const std::string& piece);
+  static void joinPiece(std::string& text, std::string_view piece);
+  // `piece` without its leading and trailing white space, as a view into it.
+  static std::string_view trimmedView(const std::string& piece);
 
   static constexpr char kContainerName[] = "CONTAINER";
 
