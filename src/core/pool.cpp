@@ -103,7 +103,7 @@ struct Keeper {
 
 thread_local Keeper keeper;
 
-Local* makeLocal() {
+__attribute__((noinline)) Local* makeLocal() {
   static_cast<void>(&keeper);  // constructs the keeper, so that it is destroyed with the thread
   t_local = new Local();
   return t_local;
@@ -111,7 +111,7 @@ Local* makeLocal() {
 
 // The slow path: the reserve's list of the class, else a block carved from the current chunk, else a
 // new chunk (a large enough remnant first).
-void* refill(Local& local, std::size_t c) {
+__attribute__((noinline)) void* refill(Local& local, std::size_t c) {
   const std::size_t size = (c + 1) * kGrain;
   Reserve& shared = reserve();
   std::lock_guard<std::mutex> lock(shared.mutex);
