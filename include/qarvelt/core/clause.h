@@ -186,11 +186,15 @@ class CSQLClause {
   static std::string_view nameOf(const CSQLClause* node) { return node->m_name.str(); }
   static bool isContainer(const CSQLClause* node) { return node->m_bContainer; }
   // True when `node` is named exactly `name` (byte for byte): the test of every path walk, lengths
-  // first, so that most children are passed over without comparing a byte.
+  // first, then the first and last bytes (names of items often differ only in their numbers), so
+  // that most children are passed over without a call.
   static bool isNamed(const CSQLClause* node, std::string_view name) {
     const std::string_view own = node->m_name.str();
-    return own.size() == name.size() &&
-           (name.empty() || (own[0] == name[0] && std::memcmp(own.data(), name.data(), name.size()) == 0));
+    const std::size_t n = name.size();
+    if (own.size() != n) return false;
+    if (n == 0) return true;
+    if (own[0] != name[0] || own[n - 1] != name[n - 1]) return false;
+    return n <= 2 || std::memcmp(own.data() + 1, name.data() + 1, n - 2) == 0;
   }
   // Copies this node into `fresh` (an empty shell of the same class) and returns it: the body of
   // every operator*().
