@@ -7,6 +7,7 @@
 #include <qarvelt/model/document.h>
 #include <qarvelt/model/error.h>
 #include <qarvelt/model/schema.h>
+#include <qarvelt/model/script.h>
 
 #include <cstdlib>
 #include <string>
@@ -71,6 +72,30 @@ comment on column orders.total is 'the sum, it''s in EUR';
   EXPECT_EQ(t.indexes[0].compress, "1");
   ASSERT_EQ(report.notes.size(), 3U);  // set, prompt, @@
   EXPECT_EQ(report.notes[0], "s.sql:2:1: SQL*Plus line skipped: set echo on");
+}
+
+// A quoted name's case is part of the name: it survives the schema document and the statements
+// written from it, while names a document gives in lower case are still folded before a script
+// applied to it looks them up.
+TEST(DdlReader, QuotedNamesKeepTheirCase) {
+  const model::Schema s = read(R"(create table "App"."Order" ("Id" number, status number);)");
+  EXPECT_TRUE(s.preserve_case);
+  const std::string document = model::WriteSchema(s);
+  EXPECT_NE(document.find("\"preserve_case\": true"), std::string::npos) << document;
+  const std::string created = model::ScriptText(model::CreateSchema(model::ReadSchema(document)));
+  EXPECT_EQ(created, "CREATE TABLE \"App\".\"Order\" (\"Id\" NUMBER,\nSTATUS NUMBER);\n");
+
+  // Upper-case names need no mark: the document stays as a person would write it.
+  EXPECT_EQ(model::WriteSchema(read("create table app.t (c number);")).find("preserve_case"),
+            std::string::npos);
+
+  model::Schema folded = model::ReadSchema(R"({"schema": "app", "tables": [
+      {"name": "emp", "columns": [{"name": "id", "type": "NUMBER"}]}]})");
+  ReadReport report;
+  ApplyScript(folded, "alter table app.emp add (x number);", "c.sql", {}, report);
+  ASSERT_EQ(folded.tables.size(), 1U);
+  EXPECT_EQ(folded.tables[0].name, "EMP");
+  EXPECT_EQ(folded.tables[0].columns.size(), 2U);
 }
 
 TEST(DdlReader, FaultsNameTheirPlace) {

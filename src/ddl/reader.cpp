@@ -849,6 +849,9 @@ void ApplyScript(model::Schema& schema,
                  const std::string& source,
                  const ReadOptions& options,
                  ReadReport& report) {
+  // A script's names are exact (the reader folds the unquoted ones itself, as Oracle does). Names a
+  // document gave are resolved first, so that the script finds its objects by their names.
+  if (!schema.preserve_case) schema = model::ResolveSchemaNames(schema);
   Context context(schema, options, report);
   ScriptTokens tokens(text);
   auto where = [&](const Token& t) {

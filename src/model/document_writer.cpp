@@ -314,7 +314,9 @@ std::string WriteTable(const Table& t) {
   return dump(table(t));
 }
 
-std::string WriteSchema(const Schema& s) {
+namespace {
+
+Object schemaObject(const Schema& s) {
   Object o = Object::object();
   text(o, "schema", s.name);
   o["release"] = s.release;
@@ -388,6 +390,33 @@ std::string WriteSchema(const Schema& s) {
     text(x, "body", t.body);
     keyword(x, "enabled", t.enabled, "ENABLE", "DISABLE");
     o["triggers"].push_back(x);
+  }
+  return o;
+}
+
+// True when the names of `s` are exact and folding them would change one: "Emp", a name in lower
+// case, that only quotes keep as it is.
+bool foldingChangesNames(const Schema& s) {
+  if (!s.preserve_case) return false;
+  Schema folded = s;
+  folded.preserve_case = false;
+  try {
+    return schemaObject(ResolveSchemaNames(folded)) != schemaObject(ResolveSchemaNames(s));
+  } catch (const Error&) {
+    return true;  // a schema that does not resolve keeps its names as they are
+  }
+}
+
+}  // namespace
+
+std::string WriteSchema(const Schema& s) {
+  const Object body = schemaObject(s);
+  if (!foldingChangesNames(s)) return dump(body);
+  // The key goes beside the release, where a reader of the document looks first.
+  Object o = Object::object();
+  for (auto it = body.begin(); it != body.end(); ++it) {
+    o[it.key()] = it.value();
+    if (it.key() == "release") o["preserve_case"] = true;
   }
   return dump(o);
 }

@@ -500,6 +500,7 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
   Schema s;
   s.name = r.Text("schema");
   s.release = ReadReleaseKey(r, s.release);
+  s.preserve_case = r.Flag("preserve_case", 0) == 1;
   r.Each("tables", [&](ObjectReader& t) {
     Table table;
     table.schema = s.name;
@@ -528,10 +529,11 @@ Schema ReadSchema(const std::string& text, const std::string& source) {
 
 Schema ResolveSchemaNames(const Schema& schema, bool preserveCase) {
   Options options;
-  options.preserve_case = preserveCase;
+  options.preserve_case = preserveCase || schema.preserve_case;
   const ObjectWriter w(schema.name, schema.release, options);
   auto fold = [&](std::string& name) { name = w.Fold(name); };
   Schema s = schema;
+  s.preserve_case = true;  // what is left to fold is folded now
   fold(s.name);
   s.tables = w.Tables(schema);
   s.indexes.clear();
@@ -621,6 +623,11 @@ Schema ReadSchemaFolder(const std::string& folder, const ddl::ReadOptions& optio
     if (i == 0) {
       s.name = part.name;
       s.release = part.release;
+      s.preserve_case = part.preserve_case;
+    } else if (part.preserve_case != s.preserve_case) {
+      // Documents of exact names beside documents of folded ones: all resolved, then all exact.
+      s = ResolveSchemaNames(s);
+      part = ResolveSchemaNames(part);
     }
     if (part.name != s.name) {
       throw Failure(kExitBadInput,
@@ -644,7 +651,9 @@ Schema ReadSchemaFolder(const std::string& folder, const ddl::ReadOptions& optio
   return s;
 }
 
-Script CreateSchema(const Schema& schema, const Options& options) {
+Script CreateSchema(const Schema& schema, const Options& given) {
+  Options options = given;
+  options.preserve_case = given.preserve_case || schema.preserve_case;
   ObjectWriter w(schema.name, schema.release, options);
   const int release = schema.release;
   if (release < 0 || release > kNewestRelease) create::Refuse("release", "unknown release code");

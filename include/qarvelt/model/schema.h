@@ -80,6 +80,9 @@ struct Schema {
   std::vector<Synonym> synonyms;
   std::vector<SchemaIndex> indexes;
   std::vector<Trigger> triggers;
+  // The names are exact, as Oracle takes quoted names: not folded to upper case even where they
+  // could be (the document key "preserve_case"; set by the DDL reader, whose names are exact).
+  bool preserve_case = false;
 };
 
 // Reads a schema document; `source` names the input in errors (Error, BadInput). A table of the
