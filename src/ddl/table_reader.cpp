@@ -186,18 +186,48 @@ struct ColumnWords {
   std::set<std::string> identityOptions;
 };
 
+// The words that begin an identity option.
+constexpr std::string_view kIdentityOptions[] = {"START",
+                                                 "INCREMENT",
+                                                 "MAXVALUE",
+                                                 "MINVALUE",
+                                                 "CACHE",
+                                                 "NOCACHE",
+                                                 "CYCLE",
+                                                 "NOCYCLE",
+                                                 "ORDER",
+                                                 "NOORDER",
+                                                 "NOMAXVALUE",
+                                                 "NOMINVALUE",
+                                                 "NOKEEP",
+                                                 "NOSCALE"};
+
+// The options of an identity clause, in brackets as the syntax has them, or bare, one after the
+// other, as the database's own export writes them.
 void readIdentityOptions(Parser& p, model::Identity& id, ColumnWords* words) {
-  if (!p.AcceptOp("(")) return;
-  while (!p.AcceptOp(")")) {
+  const bool bracketed = p.AcceptOp("(");
+  auto more = [&] {
+    if (bracketed) return !p.AcceptOp(")");
+    return std::any_of(std::begin(kIdentityOptions), std::end(kIdentityOptions), [&](std::string_view word) {
+      return p.IsWord(word);
+    });
+  };
+  // 28 nines is how Oracle writes NOMAXVALUE (and NOMINVALUE of a descending one) back.
+  auto bound = [&] {
+    std::string value = p.Integer();
+    if (value.size() >= 28) value.clear();
+    return value;
+  };
+  while (more()) {
     if (words != nullptr) words->identityOptions.insert(p.Peek().value);
     if (p.AcceptWords({"START", "WITH"})) {
       id.start_with = p.Integer();
     } else if (p.AcceptWords({"INCREMENT", "BY"})) {
       id.increment_by = p.Integer();
     } else if (p.Accept("MAXVALUE")) {
-      id.maxvalue = p.Integer();
+      id.maxvalue = bound();
     } else if (p.Accept("MINVALUE")) {
-      id.minvalue = p.Integer();
+      id.minvalue = bound();
     } else if (p.Accept("CACHE")) {
       id.cache = p.Integer();
     } else if (p.Accept("NOCACHE")) {
@@ -211,7 +241,7 @@ void readIdentityOptions(Parser& p, model::Identity& id, ColumnWords* words) {
     } else {
       p.Fail("an identity option");
     }
-    p.AcceptOp(",");
+    if (bracketed) p.AcceptOp(",");
   }
 }
 
@@ -841,6 +871,17 @@ void readTableProperties(Parser& p, Table& t) {
       if (t.organization == "HEAP") t.organization.clear();
     } else if (p.AcceptWords({"SEGMENT", "CREATION"})) {
       p.ExpectOneOf({"IMMEDIATE", "DEFERRED"});
+    } else if (p.AcceptWords({"DEFAULT", "COLLATION"})) {
+      const std::string collation = p.Identifier("a collation");
+      if (collation == "USING_NLS_COMP") {
+        // Oracle's own default, which the export also names on every character column: those
+        // columns say no more than the table does.
+        for (Column& c : t.columns) {
+          if (c.collation == collation) c.collation.clear();
+        }
+      } else {
+        p.Warn(at, "DEFAULT COLLATION " + collation + " is not kept");
+      }
     } else if (p.AcceptWords({"ON", "COMMIT"})) {
       t.on_commit = p.ExpectOneOf({"DELETE", "PRESERVE"});
       p.Expect("ROWS");
