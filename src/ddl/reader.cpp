@@ -210,7 +210,10 @@ void createView(Parser& p, Context& c, bool replace) {
     } while (p.AcceptOp(","));
     p.ExpectOp(")");
   }
-  if (p.Accept("BEQUEATH")) p.ExpectOneOf({"CURRENT_USER", "DEFINER"});
+  ReadDefaultCollation(p);
+  const Token& bequeath = p.Peek();
+  if (p.Accept("BEQUEATH") && p.ExpectOneOf({"CURRENT_USER", "DEFINER"}) == "CURRENT_USER")
+    p.Warn(bequeath, "BEQUEATH CURRENT_USER of a view is not kept");
   p.Expect("AS");
   readViewQuery(p, v);
   auto& views = c.schema().views;
@@ -307,6 +310,8 @@ void createMaterializedView(Parser& p, Context& c) {
 
 void createSynonym(Parser& p, Context& c, bool replace) {
   model::Synonym s;
+  p.Accept("EDITIONABLE");
+  p.Accept("NONEDITIONABLE");
   s.is_public = p.Accept("PUBLIC");
   p.Expect("SYNONYM");
   p.AcceptWords({"IF", "NOT", "EXISTS"});
@@ -759,10 +764,10 @@ void readStatement(Parser& p, Context& c) {
     if (p.IsWord("SEQUENCE")) return createSequence(p, c);
     if (p.IsWord("MATERIALIZED") && !p.AreWords({"MATERIALIZED", "VIEW", "LOG"}))
       return createMaterializedView(p, c);
-    if (p.IsWord("PUBLIC") || p.IsWord("SYNONYM")) return createSynonym(p, c, replace);
-    if (p.IsWord("TRIGGER") ||
-        ((p.IsWord("EDITIONABLE") || p.IsWord("NONEDITIONABLE")) && p.IsWord("TRIGGER", 1)))
-      return createTrigger(p, c, replace);
+    // Synonyms and triggers may be marked for editions (Oracle 12c's export marks them).
+    const std::size_t edition = p.IsWord("EDITIONABLE") || p.IsWord("NONEDITIONABLE") ? 1 : 0;
+    if (p.IsWord("PUBLIC", edition) || p.IsWord("SYNONYM", edition)) return createSynonym(p, c, replace);
+    if (p.IsWord("TRIGGER", edition)) return createTrigger(p, c, replace);
     for (std::size_t ahead = 0; ahead < 4; ++ahead) {
       if (p.IsWord("VIEW", ahead)) return createView(p, c, replace);
     }

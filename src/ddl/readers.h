@@ -46,6 +46,12 @@ void ReadCreateIndex(Parser& p, Context& c);
 // The physical attributes and storage of a segment, as many as follow: PCTFREE, PCTUSED, INITRANS,
 // MAXTRANS, STORAGE (...). True when one was read.
 bool ReadSegment(Parser& p, model::Segment& segment);
+// DEFAULT COLLATION name of a table or view, when it comes next, and the collation it names (empty
+// when the clause is not there). Oracle's own default, USING_NLS_COMP, is what a description without
+// one means; another collation is not kept, with a warning.
+std::string ReadDefaultCollation(Parser& p);
+// The collation every object has unless it names another.
+inline constexpr std::string_view kDefaultCollation = "USING_NLS_COMP";
 
 }  // namespace qarvelt::ddl
 

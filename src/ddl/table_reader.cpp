@@ -89,6 +89,13 @@ void readDataType(Parser& p, Column& c) {
   c.type = type;
 }
 
+// The words that may follow USING INDEX of a key without naming an index: the index's attributes
+// and the constraint's state.
+constexpr std::string_view kAfterUsingIndex[] = {
+    "PCTFREE", "INITRANS", "MAXTRANS",  "STORAGE",    "TABLESPACE", "COMPUTE",    "LOCAL",
+    "GLOBAL",  "LOGGING",  "NOLOGGING", "ENABLE",     "DISABLE",    "VALIDATE",   "NOVALIDATE",
+    "RELY",    "NORELY",   "NOT",       "DEFERRABLE", "INITIALLY",  "EXCEPTIONS", "USING"};
+
 // The state of a constraint, as far as the description keeps it; the USING INDEX clause keeps its
 // index name and tablespace.
 void readState(Parser& p, model::ConstraintState& s) {
@@ -110,10 +117,12 @@ void readState(Parser& p, model::ConstraintState& s) {
       if (p.IsOp("(")) {
         p.FailAt(p.Peek(), "USING INDEX (CREATE INDEX ...) cannot be described: create the index first");
       }
-      if (!p.IsWord("PCTFREE") && !p.IsWord("TABLESPACE") && !p.IsWord("INITRANS") && !p.IsWord("MAXTRANS") &&
-          !p.IsWord("STORAGE") && !p.IsWord("COMPUTE") && !p.IsWord("LOCAL") && !p.IsWord("GLOBAL") &&
-          !p.IsWord("LOGGING") && !p.IsWord("NOLOGGING") &&
-          (p.Peek().Is(TokenKind::Identifier) || p.Peek().Is(TokenKind::QuotedIdentifier))) {
+      // An index's name, unless the words that follow are its attributes or the constraint's state
+      // ("USING INDEX ENABLE", as the export writes a key whose index has no attributes of note).
+      const bool keyword = std::any_of(std::begin(kAfterUsingIndex),
+                                       std::end(kAfterUsingIndex),
+                                       [&](auto word) { return p.IsWord(word); });
+      if (p.Peek().Is(TokenKind::QuotedIdentifier) || (p.Peek().Is(TokenKind::Identifier) && !keyword)) {
         const Name index = p.QualifiedName("an index name");
         s.index_schema = index.schema;
         s.index_name = index.name;
@@ -871,16 +880,13 @@ void readTableProperties(Parser& p, Table& t) {
       if (t.organization == "HEAP") t.organization.clear();
     } else if (p.AcceptWords({"SEGMENT", "CREATION"})) {
       p.ExpectOneOf({"IMMEDIATE", "DEFERRED"});
-    } else if (p.AcceptWords({"DEFAULT", "COLLATION"})) {
-      const std::string collation = p.Identifier("a collation");
-      if (collation == "USING_NLS_COMP") {
-        // Oracle's own default, which the export also names on every character column: those
-        // columns say no more than the table does.
+    } else if (p.IsWord("DEFAULT") && p.IsWord("COLLATION", 1)) {
+      // The export names the default on every character column too: those columns say no more
+      // than the table does.
+      if (ReadDefaultCollation(p) == kDefaultCollation) {
         for (Column& c : t.columns) {
-          if (c.collation == collation) c.collation.clear();
+          if (c.collation == kDefaultCollation) c.collation.clear();
         }
-      } else {
-        p.Warn(at, "DEFAULT COLLATION " + collation + " is not kept");
       }
     } else if (p.AcceptWords({"ON", "COMMIT"})) {
       t.on_commit = p.ExpectOneOf({"DELETE", "PRESERVE"});
@@ -907,6 +913,14 @@ void readTableProperties(Parser& p, Table& t) {
 }
 
 }  // namespace
+
+std::string ReadDefaultCollation(Parser& p) {
+  const Token& at = p.Peek();
+  if (!p.AcceptWords({"DEFAULT", "COLLATION"})) return std::string();
+  std::string collation = p.Identifier("a collation");
+  if (collation != kDefaultCollation) p.Warn(at, "DEFAULT COLLATION " + collation + " is not kept");
+  return collation;
+}
 
 bool ReadSegment(Parser& p, model::Segment& s) {
   bool read = false;
