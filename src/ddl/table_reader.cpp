@@ -188,6 +188,24 @@ Constraint readOutOfLine(Parser& p) {
   return k;
 }
 
+// A key added to a table that has an index on the key's columns (its leading columns, in any order)
+// takes that index, as Oracle does: an export creates the index first and adds the key after it.
+Constraint keyOfExistingTable(Constraint k, const Table& t) {
+  if ((k.type != "PRIMARY KEY" && k.type != "UNIQUE") || !k.state.index_name.empty()) return k;
+  for (const model::Index& x : t.indexes) {
+    if (x.keys.size() < k.columns.size()) continue;
+    std::vector<std::string> leading;
+    for (std::size_t i = 0; i < k.columns.size(); ++i)
+      leading.push_back(x.keys[i].column);
+    if (!std::is_permutation(leading.begin(), leading.end(), k.columns.begin(), k.columns.end())) continue;
+    k.state.index_schema = x.schema;
+    k.state.index_name = x.name;
+    k.state.index_tablespace.clear();  // the index has its own
+    return k;
+  }
+  return k;
+}
+
 // What a column clause of ALTER TABLE ... MODIFY said beyond the column's definition: the words that
 // set something back (NULL, VISIBLE) and which identity options it gave.
 struct ColumnWords {
@@ -1027,13 +1045,13 @@ void ReadAlterTable(Parser& p, Context& c) {
     } else if (p.Accept("ADD")) {
       if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"}) ||
           p.IsWord("UNIQUE") || p.IsWord("CHECK")) {
-        t.constraints.push_back(readOutOfLine(p));
+        t.constraints.push_back(keyOfExistingTable(readOutOfLine(p), t));
         continue;
       }
       const bool bracketed = p.AcceptOp("(");
       do {
         if (p.IsWord("CONSTRAINT") || p.AreWords({"PRIMARY", "KEY"}) || p.AreWords({"FOREIGN", "KEY"})) {
-          t.constraints.push_back(readOutOfLine(p));
+          t.constraints.push_back(keyOfExistingTable(readOutOfLine(p), t));
         } else {
           readColumn(p, t);
         }
