@@ -98,6 +98,21 @@ TEST(DdlReader, QuotedNamesKeepTheirCase) {
   EXPECT_EQ(folded.tables[0].columns.size(), 2U);
 }
 
+// Oracle gives a key added to a table an index that already covers the key's columns (its leading
+// columns, in any order); an index on fewer columns does not cover it.
+TEST(DdlReader, AKeyAddedLaterTakesTheIndexOverItsColumns) {
+  const model::Schema s = read(R"(create table t (a number, b number, c number);
+create index t_bac on t (b, a, c);
+create index t_a on t (a);
+alter table t add constraint t_pk primary key (a, b) using index tablespace users;
+alter table t add constraint t_uk unique (c, a);)");
+  ASSERT_EQ(s.tables.at(0).constraints.size(), 2U);
+  const model::ConstraintState& pk = s.tables[0].constraints[0].state;
+  EXPECT_EQ(pk.index_name, "T_BAC");
+  EXPECT_EQ(pk.index_tablespace, "");  // the index has its own
+  EXPECT_EQ(s.tables[0].constraints[1].state.index_name, "");
+}
+
 TEST(DdlReader, FaultsNameTheirPlace) {
   const std::pair<std::string, std::string> cases[] = {
       {"CREATE TABLE T (A NUMBER,);", "s.sql:1:26: expected a column name, found \")\""},
