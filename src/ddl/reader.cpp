@@ -650,12 +650,17 @@ void alterIndex(Parser& p, Context& c) {
     if (found != t.indexes.end()) x = &*found;
   }
   if (x == nullptr) p.FailAt(at, "no index " + name.name);
-  if (p.AcceptWords({"RENAME", "PARTITION"})) {
+  // The index's partition that the statement names next.
+  auto partition = [&] {
     const Token& partAt = p.Peek();
     const std::string part = p.Identifier("a partition name");
     auto& all = x->local ? x->local_partitions : x->global_partitions;
     auto found = findNamed(all, part);
     if (found == all.end()) p.FailAt(partAt, "index " + x->name + " has no partition " + part);
+    return found;
+  };
+  if (p.AcceptWords({"RENAME", "PARTITION"})) {
+    auto found = partition();
     p.Expect("TO");
     found->name = p.Identifier("the new name");
   } else if (p.Accept("RENAME")) {
@@ -665,15 +670,23 @@ void alterIndex(Parser& p, Context& c) {
     x->invisible = false;
   } else if (p.Accept("INVISIBLE")) {
     x->invisible = true;
+  } else if (p.AcceptWords({"MODIFY", "PARTITION"})) {
+    // What changes in place: INITRANS, MAXTRANS, STORAGE and logging.
+    auto found = partition();
+    while (!p.AtEnd()) {
+      if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+        found->logging = p.Take().value;
+      } else if (p.IsWord("PCTFREE") || !ReadSegment(p, found->segment)) {
+        p.Fail("a MODIFY PARTITION attribute");
+      }
+    }
   } else if (p.AcceptWords({"REBUILD", "PARTITION"}) || p.AcceptWords({"REBUILD", "SUBPARTITION"})) {
-    const Token& partAt = p.Peek();
-    const std::string part = p.Identifier("a partition name");
-    auto& all = x->local ? x->local_partitions : x->global_partitions;
-    auto found = findNamed(all, part);
-    if (found == all.end()) p.FailAt(partAt, "index " + x->name + " has no partition " + part);
+    auto found = partition();
     while (!p.AtEnd()) {
       if (p.Accept("TABLESPACE")) {
         found->tablespace = p.Identifier("a tablespace");
+      } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
+        found->logging = p.Take().value;
       } else if (!ReadSegment(p, found->segment) && !p.Accept("ONLINE")) {
         p.Fail("a REBUILD PARTITION attribute");
       }
@@ -703,7 +716,7 @@ void alterIndex(Parser& p, Context& c) {
       }
     }
   } else {
-    p.Fail("RENAME, REBUILD, VISIBLE or INVISIBLE");
+    p.Fail("RENAME, REBUILD, MODIFY PARTITION, VISIBLE or INVISIBLE");
   }
   if (!p.AtEnd()) p.Fail("the end of the statement");
 }

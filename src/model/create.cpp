@@ -242,6 +242,10 @@ class Writer {
   void physical(TreeFiller& f);
   void segment(
       TreeFiller& f, const std::string& path, const Segment& s, const std::string& where, bool pctused);
+  void indexPartitionSegment(TreeFiller& f,
+                             const std::string& attributes,
+                             const Partition& part,
+                             const std::string& where);
   void tableProperties(TreeFiller& f);
   void lobs(TreeFiller& f);
   void lobStorage(TreeFiller& f,
@@ -1268,10 +1272,21 @@ void Writer::localIndex(TreeFiller& f, const Index& x, const std::string& where)
     }
     const std::string path = list + ";" + item("P", j);
     f.Set(path + ";PARTITION", id(part.name, w + ".name"), w + ".name");
-    if (!part.tablespace.empty()) {
-      f.Set(path + ";C_SEG_ATTRIBUTE;TABLESPACE", id(part.tablespace, w + ".tablespace"), w + ".tablespace");
-    }
+    indexPartitionSegment(f, path + ";C_SEG_ATTRIBUTE", part, w);
   }
+}
+
+// The tablespace, physical attributes, storage and logging of an index partition, at `attributes`
+// (a C_SEG_ATTRIBUTE node).
+void Writer::indexPartitionSegment(TreeFiller& f,
+                                   const std::string& attributes,
+                                   const Partition& part,
+                                   const std::string& where) {
+  if (!part.tablespace.empty())
+    f.Set(attributes + ";TABLESPACE", id(part.tablespace, where + ".tablespace"), where + ".tablespace");
+  segment(f, attributes + ";C_PHYSICAL_ATTRIBUTES", part.segment, where + ".", false);
+  if (!part.logging.empty()) RequireRelease(m_release, 2, where + ".logging", "LOGGING and NOLOGGING");
+  f.Set(attributes + ";LOGGING", part.logging, where + ".logging");
 }
 
 void Writer::globalIndex(TreeFiller& f,
@@ -1322,10 +1337,14 @@ void Writer::globalIndex(TreeFiller& f,
       f.AddTexts(path + ";LIST", part.values_less_than, pw + ".values_less_than");
     }
     f.Set(path + ";PARTITION", id(part.name, pw + ".name"), pw + ".name");
-    if (!part.tablespace.empty()) {
-      const std::string tablespace =
-          path + (hash ? ";C_PARTITION_STORAGE;TABLESPACE" : ";C_SEG_ATTRIBUTE;TABLESPACE");
-      f.Set(tablespace, id(part.tablespace, pw + ".tablespace"), pw + ".tablespace");
+    if (!hash) {
+      indexPartitionSegment(f, path + ";C_SEG_ATTRIBUTE", part, pw);
+    } else if (!part.logging.empty() || !part.segment.empty()) {
+      Refuse(pw, "a hash partition of an index takes only its tablespace (no physical, storage or logging)");
+    } else if (!part.tablespace.empty()) {
+      f.Set(path + ";C_PARTITION_STORAGE;TABLESPACE",
+            id(part.tablespace, pw + ".tablespace"),
+            pw + ".tablespace");
     }
   }
 }

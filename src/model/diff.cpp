@@ -1106,6 +1106,9 @@ void Differ::loadIndexPartitions(CSQLInfoIndex& record, const Index& old, const 
              "TABLESPACE",
              p.tablespace.empty() ? now.tablespace : p.tablespace,
              found->tablespace.empty() ? old.tablespace : found->tablespace);
+    loadSegment(r, p.segment, found->segment);
+    segmentFixed(p.segment, found->segment, where + " " + p.name);
+    loadKept(r, "LOGGING", p.logging, found->logging);
   }
   for (const Partition& p : before) {
     if (matched.count(p.name) == 0 && old.local)

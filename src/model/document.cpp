@@ -118,6 +118,14 @@ void readPartition(ObjectReader& r, Partition& p, bool subpartition) {
   }
 }
 
+// A partition of an index: a name (bounds for a global range index), its tablespace, physical
+// attributes, storage and logging.
+void readIndexPartition(ObjectReader& r, Partition& p) {
+  readPartition(r, p, true);
+  p.logging = r.Keyword("logging", "LOGGING", "NOLOGGING");
+  readSegment(r, p.segment);
+}
+
 void readColumn(ObjectReader& r, Column& c) {
   c.name = r.Text("name", true);
   c.renamed_from = r.Text("renamed_from");
@@ -248,7 +256,7 @@ void readIndex(ObjectReader& r, Index& x) {
     ObjectReader lr(*local, r.Where() + ".local");
     lr.Each("partitions", [&](ObjectReader& p) {
       x.local_partitions.emplace_back();
-      readPartition(p, x.local_partitions.back(), true);
+      readIndexPartition(p, x.local_partitions.back());
     });
     lr.Done();
   }
@@ -258,7 +266,7 @@ void readIndex(ObjectReader& r, Index& x) {
     x.global_count = g.Number("count");
     g.Each("partitions", [&](ObjectReader& p) {
       x.global_partitions.emplace_back();
-      readPartition(p, x.global_partitions.back(), true);
+      readIndexPartition(p, x.global_partitions.back());
     });
   });
   if (x.local && !x.global_type.empty()) r.Fail("global", "an index is either local or global");
