@@ -182,6 +182,30 @@ TEST(DdlReader, ReplayingTheDiffOfGeneratedSchemas) {
 namespace qarvelt::ddl {
 namespace {
 
+// What import and apply write is a schema document like any other: it reads back, and writes again
+// to the same text.
+TEST(DdlReader, ImportedDocumentsReadBack) {
+  namespace fs = std::filesystem;
+  int checked = 0;
+  for (const auto& entry : fs::directory_iterator(fs::path(QARVELT_SOURCE_DIR) / "tests" / "cli")) {
+    std::ifstream args(entry.path() / "args");
+    std::string command;
+    args >> command;
+    if ((command != "import" && command != "apply") || fs::exists(entry.path() / "code")) continue;
+    std::ifstream in(entry.path() / "stdout");
+    std::ostringstream text;
+    text << in.rdbuf();
+    try {
+      const std::string again = model::WriteSchema(model::ReadSchema(text.str(), entry.path().string()));
+      EXPECT_EQ(again, text.str()) << entry.path();
+    } catch (const model::Error& error) {
+      ADD_FAILURE() << entry.path() << ": " << error.what();
+    }
+    ++checked;
+  }
+  EXPECT_GE(checked, 5);
+}
+
 // The round trip: what `create` writes for a golden case or an example reads back to the same
 // description (nothing left for a diff to do).
 TEST(DdlReader, CreatedScriptsReadBackToTheirDocuments) {
