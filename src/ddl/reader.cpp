@@ -511,6 +511,18 @@ void ReadCreateIndex(Parser& p, Context& c) {
   if (!name.schema.empty() && name.schema != t.schema) x.schema = name.schema;
   if (findNamed(t.indexes, x.name) != t.indexes.end()) p.FailAt(at, "a second index " + x.name);
   t.indexes.push_back(x);
+  // An index under the name of a key declared before it, over the key's columns: the index Oracle
+  // made with the key (DBMS_METADATA gives it too, when a script puts each index's DDL after its
+  // table's). It is the key's index, not a second one of the same name.
+  for (model::Constraint& k : t.constraints) {
+    if (k.name != x.name || !k.state.index_name.empty() || (k.type != "PRIMARY KEY" && k.type != "UNIQUE") ||
+        !IndexServesKey(x, k))
+      continue;
+    k.state.index_schema = x.schema;
+    k.state.index_name = x.name;
+    k.state.index_tablespace.clear();
+    p.Note(at, "index " + x.name + " is the index of the key " + k.name + " declared before it");
+  }
 }
 
 namespace {

@@ -46,6 +46,9 @@ void ReadCreateIndex(Parser& p, Context& c);
 // The physical attributes and storage of a segment, as many as follow: PCTFREE, PCTUSED, INITRANS,
 // MAXTRANS, STORAGE (...). True when one was read.
 bool ReadSegment(Parser& p, model::Segment& segment);
+// True when Oracle would give the key `k` (a primary or unique key) the index `x`: the index's
+// leading columns are the key's, in any order.
+bool IndexServesKey(const model::Index& x, const model::Constraint& k);
 // DEFAULT COLLATION name of a table or view, when it comes next, and the collation it names (empty
 // when the clause is not there). Oracle's own default, USING_NLS_COMP, is what a description without
 // one means; another collation is not kept, with a warning.

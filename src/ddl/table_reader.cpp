@@ -193,11 +193,7 @@ Constraint readOutOfLine(Parser& p) {
 Constraint keyOfExistingTable(Constraint k, const Table& t) {
   if ((k.type != "PRIMARY KEY" && k.type != "UNIQUE") || !k.state.index_name.empty()) return k;
   for (const model::Index& x : t.indexes) {
-    if (x.keys.size() < k.columns.size()) continue;
-    std::vector<std::string> leading;
-    for (std::size_t i = 0; i < k.columns.size(); ++i)
-      leading.push_back(x.keys[i].column);
-    if (!std::is_permutation(leading.begin(), leading.end(), k.columns.begin(), k.columns.end())) continue;
+    if (!IndexServesKey(x, k)) continue;
     k.state.index_schema = x.schema;
     k.state.index_name = x.name;
     k.state.index_tablespace.clear();  // the index has its own
@@ -931,6 +927,14 @@ void readTableProperties(Parser& p, Table& t) {
 }
 
 }  // namespace
+
+bool IndexServesKey(const model::Index& x, const model::Constraint& k) {
+  if (x.keys.size() < k.columns.size()) return false;
+  std::vector<std::string> leading;
+  for (std::size_t i = 0; i < k.columns.size(); ++i)
+    leading.push_back(x.keys[i].column);
+  return std::is_permutation(leading.begin(), leading.end(), k.columns.begin(), k.columns.end());
+}
 
 std::string ReadDefaultCollation(Parser& p) {
   const Token& at = p.Peek();
