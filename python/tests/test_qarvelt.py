@@ -82,6 +82,12 @@ grant select on t to public;
     assert qarvelt.create(imported.document)[0].startswith("CREATE TABLE T (ID NUMBER (10)")
 
 
+def test_quoted_names_keep_their_case_through_the_document():
+    imported = qarvelt.import_ddl('create table "App"."Order" ("Id" number, status number);')
+    assert imported.document["preserve_case"] is True
+    assert qarvelt.create(imported.document) == ['CREATE TABLE "App"."Order" ("Id" NUMBER,\nSTATUS NUMBER)']
+
+
 def test_diff_with_nothing_changed_is_empty():
     script = qarvelt.diff(TABLE, TABLE)
     assert script.statements == [] and script.warnings == []
