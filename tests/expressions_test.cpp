@@ -143,7 +143,7 @@ TEST(Expressions, EveryEntryPointRefuses) {
   Schema schema;
   schema.tables = {good};
   schema.triggers.push_back(
-      {"TR", "BEFORE", {"INSERT"}, "T", true, "", "BEGIN NULL; END;\n/\nDROP TABLE X;", ""});
+      {"TR", "BEFORE", {"INSERT"}, "T", true, "", "BEGIN NULL; END;\n/\nDROP TABLE X;", "", "", ""});
   EXPECT_EQ(whereOf([&] { CreateSchema(schema); }), "triggers[0].body");
   schema.tables.push_back(bad);
   EXPECT_EQ(whereOf([&] { CreateSchema(schema); }), "tables[1].columns[0].default");

@@ -373,11 +373,15 @@ void createTrigger(Parser& p, Context& c, bool replace) {
   c.CheckSchema(p, table, tableAt);
   t.table = table.name;
   if (p.Accept("REFERENCING")) {
-    p.Warn(tableAt, "REFERENCING of trigger " + t.name + " is not kept: its body must use :NEW and :OLD");
     while (p.IsWord("NEW") || p.IsWord("OLD") || p.IsWord("PARENT")) {
-      p.Take();
+      const Token& which = p.Peek();
+      const std::string correlation = p.Take().value;
       p.Accept("AS");
-      p.Identifier();
+      const std::string name = p.Identifier("a correlation name");
+      if (correlation == "OLD") t.referencing_old = name;
+      if (correlation == "NEW") t.referencing_new = name;
+      if (correlation == "PARENT")
+        p.Warn(which, "REFERENCING PARENT of trigger " + t.name + " is not kept: its body must use :PARENT");
     }
   }
   if (p.AcceptWords({"FOR", "EACH", "ROW"})) t.for_each_row = true;

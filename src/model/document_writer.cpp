@@ -386,6 +386,12 @@ Object schemaObject(const Schema& s) {
       x["events"].push_back(lower(e.substr(0, 9)) + e.substr(std::min<std::size_t>(9, e.size())));
     text(x, "table", t.table);
     flag(x, "for_each_row", t.for_each_row);
+    if (!t.referencing_old.empty() || !t.referencing_new.empty()) {
+      Object referencing = Object::object();
+      text(referencing, "old", t.referencing_old);
+      text(referencing, "new", t.referencing_new);
+      x["referencing"] = referencing;
+    }
     text(x, "when", t.when);
     text(x, "body", t.body);
     keyword(x, "enabled", t.enabled, "ENABLE", "DISABLE");

@@ -97,6 +97,10 @@ void readTrigger(ObjectReader& r, Trigger& t) {
   if (t.events.empty()) r.Fail("events", "missing (a trigger fires on at least one event)");
   t.table = r.Text("table", true);
   t.for_each_row = r.Flag("for_each_row") == 1;
+  r.Object("referencing", [&](ObjectReader& x) {
+    t.referencing_old = x.Text("old");
+    t.referencing_new = x.Text("new");
+  });
   t.when = r.Text("when");
   t.body = r.Text("body", true);
   t.enabled = r.Keyword("enabled", "ENABLE", "DISABLE");
@@ -365,6 +369,10 @@ std::string ObjectWriter::Trigger(const model::Trigger& t, const std::string& wh
   if (!m_schema.empty()) f.Set("C_DML_EVENT;SCHEMA", Id(m_schema, "schema"), "schema");
   f.Set("C_DML_EVENT;TABLE", Id(t.table, where + ".table"), where + ".table");
   f.Set("C_DML_EVENT;ROW", t.for_each_row ? "ROW" : "", where + ".for_each_row");
+  if (!t.referencing_old.empty())
+    f.Set("C_DML_EVENT;OLD", Id(t.referencing_old, where + ".referencing.old"), where + ".referencing.old");
+  if (!t.referencing_new.empty())
+    f.Set("C_DML_EVENT;NEW", Id(t.referencing_new, where + ".referencing.new"), where + ".referencing.new");
   if (!t.enabled.empty())
     create::RequireRelease(m_release, 7, where + ".enabled", "ENABLE or DISABLE in CREATE TRIGGER");
   f.Set("ENABLE", t.enabled, where + ".enabled");
@@ -564,6 +572,8 @@ Schema ResolveSchemaNames(const Schema& schema, bool preserveCase) {
   for (Trigger& t : s.triggers) {
     fold(t.name);
     fold(t.table);
+    fold(t.referencing_old);
+    fold(t.referencing_new);
   }
   return s;
 }

@@ -93,8 +93,23 @@ bool sameView(const View& a, const View& b) {
 }
 
 bool sameTrigger(const Trigger& a, const Trigger& b) {
-  return std::tie(a.timing, a.events, a.table, a.for_each_row, a.when, a.body, a.enabled) ==
-         std::tie(b.timing, b.events, b.table, b.for_each_row, b.when, b.body, b.enabled);
+  return std::tie(a.timing,
+                  a.events,
+                  a.table,
+                  a.for_each_row,
+                  a.referencing_old,
+                  a.referencing_new,
+                  a.when,
+                  a.body,
+                  a.enabled) == std::tie(b.timing,
+                                         b.events,
+                                         b.table,
+                                         b.for_each_row,
+                                         b.referencing_old,
+                                         b.referencing_new,
+                                         b.when,
+                                         b.body,
+                                         b.enabled);
 }
 
 bool sameSynonym(const Synonym& a, const Synonym& b) {

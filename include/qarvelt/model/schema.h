@@ -62,6 +62,7 @@ struct Trigger {
   std::string when;
   std::string body;     // the PL/SQL block, with its own END;
   std::string enabled;  // ENABLE, DISABLE or ""
+  std::string referencing_old, referencing_new;  // REFERENCING OLD AS o NEW AS n; "" for :OLD, :NEW
 };
 
 // An index given at schema level, with the table it is on.
