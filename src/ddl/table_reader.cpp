@@ -202,6 +202,21 @@ Constraint keyOfExistingTable(Constraint k, const Table& t) {
   return k;
 }
 
+// Drops the constraint a column names inline: its key or check, or its NOT NULL when that is all it
+// declares (as CREATE TABLE writes the name before the first of them).
+void dropInlineConstraint(Column& c) {
+  if (c.primary_key) {
+    c.primary_key = false;
+  } else if (c.unique) {
+    c.unique = false;
+  } else if (!c.check.empty()) {
+    c.check.clear();
+  } else {
+    c.not_null = false;
+  }
+  c.constraint_name.clear();
+}
+
 // What a column clause of ALTER TABLE ... MODIFY said beyond the column's definition: the words that
 // set something back (NULL, VISIBLE) and which identity options it gave.
 struct ColumnWords {
@@ -1105,7 +1120,17 @@ void ReadAlterTable(Parser& p, Context& c) {
     } else if (p.Accept("DROP")) {
       if (p.Accept("CONSTRAINT")) {
         const Token& where = p.Peek();
-        t.constraints.erase(constraint(p.Identifier("a constraint name"), where));
+        const std::string name = p.Identifier("a constraint name");
+        // A constraint of the table, or one a column declares inline under this name.
+        auto owner = std::find_if(
+            t.columns.begin(), t.columns.end(), [&](const Column& k) { return k.constraint_name == name; });
+        if (owner != t.columns.end() &&
+            std::none_of(
+                t.constraints.begin(), t.constraints.end(), [&](auto& k) { return k.name == name; })) {
+          dropInlineConstraint(*owner);
+        } else {
+          t.constraints.erase(constraint(name, where));
+        }
         p.Accept("CASCADE");
         continue;
       }

@@ -567,7 +567,7 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     if ((old.unique && !now.unique) || (old.primary_key && !now.primary_key) ||
         (!old.check.empty() && now.check.empty())) {
       warn("column " + now.name +
-           ": an inline constraint that is taken away has no name to drop it by; "
+           ": an inline constraint that is taken away has no name of its own to drop it by; "
            "declare it among the table's constraints");
     }
   }
@@ -1728,6 +1728,39 @@ Script Differ::alter() {
   return m_script;
 }
 
+// A named inline key or check of an old column that the new column no longer has becomes a
+// constraint of the old table, so that it is dropped by its name like one. (With two of them on one
+// column the name is the first's only, and diff warns instead.)
+void liftRemovedInlineConstraints(Table& before, const Table& after) {
+  for (Column& old : before.columns) {
+    const int kinds = int{old.primary_key} + int{old.unique} + int{!old.check.empty()};
+    if (old.constraint_name.empty() || kinds != 1) continue;
+    const auto now = std::find_if(after.columns.begin(), after.columns.end(), [&](const Column& c) {
+      return c.renamed_from.empty() ? c.name == old.name : c.renamed_from == old.name;
+    });
+    if (now == after.columns.end()) continue;  // the column goes, and its constraints with it
+    Constraint lifted;
+    lifted.name = old.constraint_name;
+    lifted.columns = {old.name};
+    if (old.primary_key && !now->primary_key) {
+      lifted.type = "PRIMARY KEY";
+      old.primary_key = false;
+    } else if (old.unique && !now->unique) {
+      lifted.type = "UNIQUE";
+      old.unique = false;
+    } else if (!old.check.empty() && now->check.empty()) {
+      lifted.type = "CHECK";
+      lifted.check = old.check;
+      lifted.columns.clear();
+      old.check.clear();
+    } else {
+      continue;
+    }
+    old.constraint_name.clear();
+    before.constraints.push_back(lifted);
+  }
+}
+
 }  // namespace
 
 Script Diff(const Table& before, const Table& after, const Options& options) {
@@ -1739,8 +1772,9 @@ Script Diff(const Table& before, const Table& after, const Options& options) {
   }
   CheckExpressions(before, "old");
   CheckExpressions(after, "new");
-  const Table oldTable = ResolveNames(before, options.preserve_case);
+  Table oldTable = ResolveNames(before, options.preserve_case);
   const Table newTable = ResolveNames(after, options.preserve_case);
+  liftRemovedInlineConstraints(oldTable, newTable);
   return Differ(oldTable, newTable, options).run();
 }
 
