@@ -60,8 +60,8 @@ struct Trigger {
   std::string table;
   bool for_each_row = false;
   std::string when;
-  std::string body;     // the PL/SQL block, with its own END;
-  std::string enabled;  // ENABLE, DISABLE or ""
+  std::string body;                              // the PL/SQL block, with its own END;
+  std::string enabled;                           // ENABLE, DISABLE or ""
   std::string referencing_old, referencing_new;  // REFERENCING OLD AS o NEW AS n; "" for :OLD, :NEW
 };
 
