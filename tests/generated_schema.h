@@ -4,6 +4,7 @@
 #ifndef QARVELT_TESTS_GENERATED_SCHEMA_H
 #define QARVELT_TESTS_GENERATED_SCHEMA_H
 
+#include <algorithm>
 #include <cstdio>
 #include <random>
 #include <set>
@@ -98,8 +99,8 @@ inline model::Schema GeneratedSchema(int tables, const std::string& name = "APP"
 // 2 change PCTFREE, 1 loses a column, 1 is renamed, 1 is dropped (with the foreign keys to it), and
 // 1 new table comes per 100; sequences change their cache, views their query. A higher `intensity`
 // makes every change that much likelier and adds the rarer ones: renamed columns, keys and indexes,
-// indexes dropped or moved, checks added, partitions added, dropped and renamed, sequences and
-// views renamed, dropped and added.
+// indexes dropped or moved, checks added, columns with a named inline key added or losing it,
+// partitions added, dropped and renamed, sequences and views renamed, dropped and added.
 inline model::Schema EditedSchema(model::Schema s, unsigned seed, int intensity = 1) {
   std::mt19937 random(seed);
   auto chance = [&](int percent) { return static_cast<int>(random() % 100) < percent * intensity; };
@@ -135,6 +136,16 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed, int intensity 
     if (t.columns.back().name != "FLAG" && rare(2)) {
       t.columns.push_back(column("FLAG", "NUMBER", "1", true));
       t.columns.back().default_value = "0";
+    }
+    // A column with a named inline key: added with it, or losing the key (dropped by its name).
+    auto code = std::find_if(t.columns.begin(), t.columns.end(), [](auto& c) { return c.name == "CODE"; });
+    if (code == t.columns.end() && rare(2)) {
+      t.columns.push_back(column("CODE", "VARCHAR2", "20"));
+      t.columns.back().unique = true;
+      t.columns.back().constraint_name = t.name + "_CODE_UK";
+    } else if (code != t.columns.end() && code->unique && rare(5)) {
+      code->unique = false;
+      code->constraint_name.clear();
     }
     if (!t.indexes.empty() && t.indexes[0].name != t.name + "_PAR_IX" && rare(2)) {
       t.indexes[0].renamed_from = t.indexes[0].name;
