@@ -364,6 +364,11 @@ void readColumn(Parser& p, Table& t, ColumnWords* words = nullptr) {
     } else if (p.Accept("ENCRYPT")) {
       p.Warn(at, "column " + c.name + ": ENCRYPT is not kept");
       p.SkipClause(kColumnStops);
+    } else if (p.IsWord("ANNOTATIONS") && p.IsOp("(", 1)) {
+      // Oracle 23ai: metadata for applications, no part of the column's definition.
+      p.Take();
+      p.Warn(at, "column " + c.name + ": ANNOTATIONS are not kept");
+      p.SkipBrackets();
     } else {
       std::string name;
       const bool named = p.Accept("CONSTRAINT");
@@ -927,7 +932,7 @@ void readTableProperties(Parser& p, Table& t) {
     } else if (p.Accept("ROWDEPENDENCIES") || p.Accept("NOROWDEPENDENCIES") || p.Accept("RESULT_CACHE") ||
                p.Accept("INMEMORY") || p.AcceptWords({"NO", "INMEMORY"}) || p.Accept("FLASHBACK") ||
                p.Accept("PCTTHRESHOLD") || p.Accept("OVERFLOW") || p.Accept("INCLUDING") ||
-               p.Accept("MAPPING")) {
+               p.Accept("MAPPING") || p.Accept("ANNOTATIONS")) {
       p.Warn(at, at.value + " is not kept");
       if (p.Peek().Is(TokenKind::Number) || p.Peek().Is(TokenKind::Identifier)) {
         if (!p.IsWord("TABLESPACE") && !p.IsWord("PCTFREE")) p.Take();
