@@ -79,6 +79,14 @@ std::string Parser::Integer(const char* what) {
   return sign + Take().text;
 }
 
+int Parser::Count(const char* what, int most) {
+  const Token& at = Peek();
+  const std::string text = Integer(what);
+  if (text[0] == '-' || text.size() > 9 || std::stoi(text) < 1 || std::stoi(text) > most)
+    FailAt(at, std::string(what) + " from 1 to " + std::to_string(most) + ", found " + text);
+  return std::stoi(text);
+}
+
 std::string Parser::Size() {
   if (!Peek().Is(TokenKind::Number)) Fail("a size");
   const Token& number = Take();

@@ -62,6 +62,8 @@ class Parser {
   Name QualifiedName(const char* what = "a name");
   // A whole number, optionally signed; its text.
   std::string Integer(const char* what = "a number");
+  // A whole number from 1 to `most` (a count of partitions, say), or a fault at its place.
+  int Count(const char* what, int most);
   // A size: a number with an optional K, M, G, T, P or E unit (as one token or two).
   std::string Size();
   // A string literal's characters.

@@ -502,7 +502,7 @@ void ReadCreateIndex(Parser& p, Context& c) {
       x.global_type = p.ExpectOneOf({"RANGE", "HASH"});
       x.global_columns = p.NameList();
       if (x.global_type == "HASH" && p.Accept("PARTITIONS")) {
-        x.global_count = std::stoi(p.Integer());
+        x.global_count = p.Count("a number of partitions", kMostPartitions);
         if (p.AcceptWords({"STORE", "IN"})) p.NameList();
       } else {
         readIndexPartitions(p, x.global_partitions, true);

@@ -53,6 +53,8 @@ bool IndexServesKey(const model::Index& x, const model::Constraint& k);
 // when the clause is not there). Oracle's own default, USING_NLS_COMP, is what a description without
 // one means; another collation is not kept, with a warning.
 std::string ReadDefaultCollation(Parser& p);
+// The most partitions (or subpartitions) a table or index has in Oracle: 1024K - 1.
+inline constexpr int kMostPartitions = 1048575;
 // The collation every object has unless it names another.
 inline constexpr std::string_view kDefaultCollation = "USING_NLS_COMP";
 

@@ -640,12 +640,12 @@ void readPartitioning(Parser& p, Table& t) {
     part.subtype = p.ExpectOneOf({"HASH", "LIST", "RANGE"});
     part.subcolumns = p.NameList();
     if (p.Accept("SUBPARTITIONS")) {
-      part.subcount = std::stoi(p.Integer());
+      part.subcount = p.Count("a number of subpartitions", kMostPartitions);
       if (p.AcceptWords({"STORE", "IN"})) part.store_in = p.NameList();
     }
     if (p.AcceptWords({"SUBPARTITION", "TEMPLATE"})) {
       if (p.Peek().Is(TokenKind::Number)) {
-        part.subcount = std::stoi(p.Integer());
+        part.subcount = p.Count("a number of subpartitions", kMostPartitions);
       } else {
         p.ExpectOp("(");
         do {
@@ -656,7 +656,7 @@ void readPartitioning(Parser& p, Table& t) {
     }
   }
   if (part.type == "HASH" && p.Accept("PARTITIONS")) {
-    part.count = std::stoi(p.Integer());
+    part.count = p.Count("a number of partitions", kMostPartitions);
     if (p.AcceptWords({"STORE", "IN"})) part.store_in = p.NameList();
     return;
   }
@@ -887,7 +887,7 @@ bool readPartitionChange(Parser& p, Table& t) {
   } else if (p.AcceptWords({"SET", "SUBPARTITION", "TEMPLATE"})) {
     part.subtemplate.clear();
     if (p.Peek().Is(TokenKind::Number)) {
-      part.subcount = std::stoi(p.Integer());
+      part.subcount = p.Count("a number of subpartitions", kMostPartitions);
     } else {
       p.ExpectOp("(");
       while (!p.AcceptOp(")")) {

@@ -53,7 +53,7 @@ bool digits(const std::string& s) {
 
 // PARALLEL / NOPARALLEL or a degree; COMPRESS / NOCOMPRESS or a prefix length.
 void switchOrNumber(Object& o, const char* key, const std::string& value, const char* yes, const char* no) {
-  if (digits(value)) {
+  if (digits(value) && value.size() < 18) {
     o[key] = std::stoll(value);
   } else {
     keyword(o, key, value, yes, no);
