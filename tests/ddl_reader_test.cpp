@@ -124,6 +124,8 @@ TEST(DdlReader, FaultsNameTheirPlace) {
       {"CREATE TABLE T (A VARCHAR2(10);", "s.sql:1:31: expected \")\""},
       {"CREATE TABLE T (A TIMESTAMP(3) WITH TIME ZONE);", "cannot be described"},
       {"CREATE VIEW V AS SELECT 'open FROM DUAL;", "s.sql:1:25:"},
+      {"CREATE TABLE T (A NUMBER) PARTITION BY HASH (A) PARTITIONS 4294967296;",
+       "s.sql:1:60: a number of partitions from 1 to 1048575, found 4294967296"},
   };
   for (const auto& [text, expected] : cases) {
     try {
