@@ -15,7 +15,8 @@ trees=$!
 "$build/fuzz/qarvelt_fuzz_documents" -runs="$document_runs" "$scratch/documents" "$root/fuzz/corpus/documents" \
   >"$scratch/documents.log" 2>&1 &
 documents=$!
-"$build/fuzz/qarvelt_fuzz_scripts" -runs="$script_runs" "$scratch/scripts" "$root/fuzz/corpus/scripts" \
+# The scripts target also starts from the golden cases' scripts and documents.
+"$build/fuzz/qarvelt_fuzz_scripts" -runs="$script_runs" "$scratch/scripts" "$root/fuzz/corpus/scripts" "$root/tests/cli" \
   >"$scratch/scripts.log" 2>&1 &
 scripts=$!
 status=0

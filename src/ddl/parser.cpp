@@ -82,9 +82,10 @@ std::string Parser::Integer(const char* what) {
 int Parser::Count(const char* what, int most) {
   const Token& at = Peek();
   const std::string text = Integer(what);
-  if (text[0] == '-' || text.size() > 9 || std::stoi(text) < 1 || std::stoi(text) > most)
+  const long long value = text[0] == '-' || text.size() > 9 ? 0 : std::stoll(text);
+  if (value < 1 || value > most)
     FailAt(at, std::string(what) + " from 1 to " + std::to_string(most) + ", found " + text);
-  return std::stoi(text);
+  return static_cast<int>(value);
 }
 
 std::string Parser::Size() {

@@ -108,12 +108,9 @@ void readSequenceOptions(Parser& p, model::Sequence& s, bool alter) {
     } else if (alter && p.Accept("RESTART")) {
       if (p.AcceptWords({"START", "WITH"})) s.start_with = p.Integer();
     } else if (p.Accept("MAXVALUE")) {
-      s.maxvalue = p.Integer();
-      // 28 nines is how Oracle writes NOMAXVALUE back.
-      if (s.maxvalue.size() >= 28) s.maxvalue.clear();
+      s.maxvalue = ReadSequenceBound(p);
     } else if (p.Accept("MINVALUE")) {
-      s.minvalue = p.Integer();
-      if (s.minvalue.size() >= 28) s.minvalue.clear();
+      s.minvalue = ReadSequenceBound(p);
     } else if (p.Accept("NOMAXVALUE")) {
       s.maxvalue.clear();
     } else if (p.Accept("NOMINVALUE")) {
@@ -519,13 +516,8 @@ void ReadCreateIndex(Parser& p, Context& c) {
   // made with the key (DBMS_METADATA gives it too, when a script puts each index's DDL after its
   // table's). It is the key's index, not a second one of the same name.
   for (model::Constraint& k : t.constraints) {
-    if (k.name != x.name || !k.state.index_name.empty() || (k.type != "PRIMARY KEY" && k.type != "UNIQUE") ||
-        !IndexServesKey(x, k))
-      continue;
-    k.state.index_schema = x.schema;
-    k.state.index_name = x.name;
-    k.state.index_tablespace.clear();
-    p.Note(at, "index " + x.name + " is the index of the key " + k.name + " declared before it");
+    if (k.name == x.name && TakeIndexForKey(k, x))
+      p.Note(at, "index " + x.name + " is the index of the key " + k.name + " declared before it");
   }
 }
 
@@ -686,25 +678,21 @@ void alterIndex(Parser& p, Context& c) {
     x->invisible = false;
   } else if (p.Accept("INVISIBLE")) {
     x->invisible = true;
-  } else if (p.AcceptWords({"MODIFY", "PARTITION"})) {
-    // What changes in place: INITRANS, MAXTRANS, STORAGE and logging.
+  } else if (p.AreWords({"MODIFY", "PARTITION"}) || p.AreWords({"REBUILD", "PARTITION"}) ||
+             p.AreWords({"REBUILD", "SUBPARTITION"})) {
+    // MODIFY PARTITION changes in place what it can (not PCTFREE nor the tablespace); REBUILD makes the
+    // segment anew with any of them.
+    const bool rebuild = p.Take().value == "REBUILD";
+    p.Take();  // PARTITION or SUBPARTITION
     auto found = partition();
     while (!p.AtEnd()) {
-      if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
-        found->logging = p.Take().value;
-      } else if (p.IsWord("PCTFREE") || !ReadSegment(p, found->segment)) {
-        p.Fail("a MODIFY PARTITION attribute");
-      }
-    }
-  } else if (p.AcceptWords({"REBUILD", "PARTITION"}) || p.AcceptWords({"REBUILD", "SUBPARTITION"})) {
-    auto found = partition();
-    while (!p.AtEnd()) {
-      if (p.Accept("TABLESPACE")) {
+      if (rebuild && p.Accept("TABLESPACE")) {
         found->tablespace = p.Identifier("a tablespace");
       } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
         found->logging = p.Take().value;
-      } else if (!ReadSegment(p, found->segment) && !p.Accept("ONLINE")) {
-        p.Fail("a REBUILD PARTITION attribute");
+      } else if ((!rebuild && p.IsWord("PCTFREE")) ||
+                 (!ReadSegment(p, found->segment) && !(rebuild && p.Accept("ONLINE")))) {
+        p.Fail(rebuild ? "a REBUILD PARTITION attribute" : "a MODIFY PARTITION attribute");
       }
     }
   } else if (p.Accept("REBUILD")) {

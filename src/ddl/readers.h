@@ -46,9 +46,12 @@ void ReadCreateIndex(Parser& p, Context& c);
 // The physical attributes and storage of a segment, as many as follow: PCTFREE, PCTUSED, INITRANS,
 // MAXTRANS, STORAGE (...). True when one was read.
 bool ReadSegment(Parser& p, model::Segment& segment);
-// True when Oracle would give the key `k` (a primary or unique key) the index `x`: the index's
-// leading columns are the key's, in any order.
-bool IndexServesKey(const model::Index& x, const model::Constraint& k);
+// Gives the key `k` the index `x` when Oracle would: `k` is a primary or unique key without an index
+// of its own yet, and the index's leading columns are the key's, in any order. True when it did.
+bool TakeIndexForKey(model::Constraint& k, const model::Index& x);
+// A MAXVALUE or MINVALUE of a sequence or an identity column: empty for 28 nines, as Oracle writes
+// NOMAXVALUE (and NOMINVALUE of a descending one) back.
+std::string ReadSequenceBound(Parser& p);
 // DEFAULT COLLATION name of a table or view, when it comes next, and the collation it names (empty
 // when the clause is not there). Oracle's own default, USING_NLS_COMP, is what a description without
 // one means; another collation is not kept, with a warning.

@@ -191,13 +191,8 @@ Constraint readOutOfLine(Parser& p) {
 // A key added to a table that has an index on the key's columns (its leading columns, in any order)
 // takes that index, as Oracle does: an export creates the index first and adds the key after it.
 Constraint keyOfExistingTable(Constraint k, const Table& t) {
-  if ((k.type != "PRIMARY KEY" && k.type != "UNIQUE") || !k.state.index_name.empty()) return k;
   for (const model::Index& x : t.indexes) {
-    if (!IndexServesKey(x, k)) continue;
-    k.state.index_schema = x.schema;
-    k.state.index_name = x.name;
-    k.state.index_tablespace.clear();  // the index has its own
-    return k;
+    if (TakeIndexForKey(k, x)) break;
   }
   return k;
 }
@@ -250,12 +245,6 @@ void readIdentityOptions(Parser& p, model::Identity& id, ColumnWords* words) {
       return p.IsWord(word);
     });
   };
-  // 28 nines is how Oracle writes NOMAXVALUE (and NOMINVALUE of a descending one) back.
-  auto bound = [&] {
-    std::string value = p.Integer();
-    if (value.size() >= 28) value.clear();
-    return value;
-  };
   while (more()) {
     if (words != nullptr) words->identityOptions.insert(p.Peek().value);
     if (p.AcceptWords({"START", "WITH"})) {
@@ -263,9 +252,9 @@ void readIdentityOptions(Parser& p, model::Identity& id, ColumnWords* words) {
     } else if (p.AcceptWords({"INCREMENT", "BY"})) {
       id.increment_by = p.Integer();
     } else if (p.Accept("MAXVALUE")) {
-      id.maxvalue = bound();
+      id.maxvalue = ReadSequenceBound(p);
     } else if (p.Accept("MINVALUE")) {
-      id.minvalue = bound();
+      id.minvalue = ReadSequenceBound(p);
     } else if (p.Accept("CACHE")) {
       id.cache = p.Integer();
     } else if (p.Accept("NOCACHE")) {
@@ -948,12 +937,23 @@ void readTableProperties(Parser& p, Table& t) {
 
 }  // namespace
 
-bool IndexServesKey(const model::Index& x, const model::Constraint& k) {
+bool TakeIndexForKey(model::Constraint& k, const model::Index& x) {
+  if ((k.type != "PRIMARY KEY" && k.type != "UNIQUE") || !k.state.index_name.empty()) return false;
   if (x.keys.size() < k.columns.size()) return false;
   std::vector<std::string> leading;
   for (std::size_t i = 0; i < k.columns.size(); ++i)
     leading.push_back(x.keys[i].column);
-  return std::is_permutation(leading.begin(), leading.end(), k.columns.begin(), k.columns.end());
+  if (!std::is_permutation(leading.begin(), leading.end(), k.columns.begin(), k.columns.end())) return false;
+  k.state.index_schema = x.schema;
+  k.state.index_name = x.name;
+  k.state.index_tablespace.clear();  // the index has its own
+  return true;
+}
+
+std::string ReadSequenceBound(Parser& p) {
+  std::string value = p.Integer();
+  if (value.size() >= 28) value.clear();
+  return value;
 }
 
 std::string ReadDefaultCollation(Parser& p) {

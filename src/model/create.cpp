@@ -242,10 +242,11 @@ class Writer {
   void physical(TreeFiller& f);
   void segment(
       TreeFiller& f, const std::string& path, const Segment& s, const std::string& where, bool pctused);
-  void indexPartitionSegment(TreeFiller& f,
-                             const std::string& attributes,
-                             const Partition& part,
-                             const std::string& where);
+  void partitionSegment(TreeFiller& f,
+                        const std::string& attributes,
+                        const Partition& part,
+                        const std::string& where,
+                        bool pctused);
   void tableProperties(TreeFiller& f);
   void lobs(TreeFiller& f);
   void lobStorage(TreeFiller& f,
@@ -1071,13 +1072,7 @@ void Writer::partitionDescription(TreeFiller& f,
                                   const Partition& p,
                                   const std::string& where) {
   f.Set(path + ";INDEXING", p.indexing, where + ".indexing");
-  const std::string attributes = path + ";C_SEG_ATTRIBUTE";
-  if (!p.tablespace.empty()) {
-    f.Set(attributes + ";TABLESPACE", id(p.tablespace, where + ".tablespace"), where + ".tablespace");
-  }
-  segment(f, attributes + ";C_PHYSICAL_ATTRIBUTES", p.segment, where + ".", m_table.organization != "INDEX");
-  if (!p.logging.empty()) RequireRelease(m_release, 2, where + ".logging", "LOGGING and NOLOGGING");
-  f.Set(attributes + ";LOGGING", p.logging, where + ".logging");
+  partitionSegment(f, path + ";C_SEG_ATTRIBUTE", p, where, m_table.organization != "INDEX");
   if (!p.compress.empty()) {
     RequireRelease(
         m_release, CompressionSince(p.compress), where + ".compress", CompressionFeature(p.compress));
@@ -1272,19 +1267,20 @@ void Writer::localIndex(TreeFiller& f, const Index& x, const std::string& where)
     }
     const std::string path = list + ";" + item("P", j);
     f.Set(path + ";PARTITION", id(part.name, w + ".name"), w + ".name");
-    indexPartitionSegment(f, path + ";C_SEG_ATTRIBUTE", part, w);
+    partitionSegment(f, path + ";C_SEG_ATTRIBUTE", part, w, false);
   }
 }
 
-// The tablespace, physical attributes, storage and logging of an index partition, at `attributes`
-// (a C_SEG_ATTRIBUTE node).
-void Writer::indexPartitionSegment(TreeFiller& f,
-                                   const std::string& attributes,
-                                   const Partition& part,
-                                   const std::string& where) {
+// The tablespace, physical attributes, storage and logging of a table or index partition, at
+// `attributes` (a C_SEG_ATTRIBUTE node); `pctused` when the segment takes PCTUSED (a heap table's).
+void Writer::partitionSegment(TreeFiller& f,
+                              const std::string& attributes,
+                              const Partition& part,
+                              const std::string& where,
+                              bool pctused) {
   if (!part.tablespace.empty())
     f.Set(attributes + ";TABLESPACE", id(part.tablespace, where + ".tablespace"), where + ".tablespace");
-  segment(f, attributes + ";C_PHYSICAL_ATTRIBUTES", part.segment, where + ".", false);
+  segment(f, attributes + ";C_PHYSICAL_ATTRIBUTES", part.segment, where + ".", pctused);
   if (!part.logging.empty()) RequireRelease(m_release, 2, where + ".logging", "LOGGING and NOLOGGING");
   f.Set(attributes + ";LOGGING", part.logging, where + ".logging");
 }
@@ -1338,7 +1334,7 @@ void Writer::globalIndex(TreeFiller& f,
     }
     f.Set(path + ";PARTITION", id(part.name, pw + ".name"), pw + ".name");
     if (!hash) {
-      indexPartitionSegment(f, path + ";C_SEG_ATTRIBUTE", part, pw);
+      partitionSegment(f, path + ";C_SEG_ATTRIBUTE", part, pw, false);
     } else if (!part.logging.empty() || !part.segment.empty()) {
       Refuse(pw, "a hash partition of an index takes only its tablespace (no physical, storage or logging)");
     } else if (!part.tablespace.empty()) {

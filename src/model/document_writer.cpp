@@ -47,14 +47,24 @@ void number(Object& o, const char* key, int value) {
   if (value != 0) o[key] = value;
 }
 
+// A whole number as a JSON number, or as text when it is beyond what JSON readers hold exactly.
+void number(Object& o, const char* key, const std::string& value) {
+  if (value.empty()) return;
+  if (value.size() < 18) {
+    o[key] = std::stoll(value);
+  } else {
+    o[key] = value;
+  }
+}
+
 bool digits(const std::string& s) {
   return !s.empty() && s.find_first_not_of("0123456789") == std::string::npos;
 }
 
 // PARALLEL / NOPARALLEL or a degree; COMPRESS / NOCOMPRESS or a prefix length.
 void switchOrNumber(Object& o, const char* key, const std::string& value, const char* yes, const char* no) {
-  if (digits(value) && value.size() < 18) {
-    o[key] = std::stoll(value);
+  if (digits(value)) {
+    number(o, key, value);
   } else {
     keyword(o, key, value, yes, no);
   }
@@ -292,16 +302,6 @@ std::string dump(const Object& o) {
   return o.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }
 
-// A whole number as a JSON number, or as text when it is beyond what JSON readers hold exactly.
-void number(Object& o, const char* key, const std::string& value) {
-  if (value.empty()) return;
-  if (value.size() < 18) {
-    o[key] = std::stoll(value);
-  } else {
-    o[key] = value;
-  }
-}
-
 std::string lower(std::string text) {
   for (char& c : text)
     c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
@@ -316,10 +316,12 @@ std::string WriteTable(const Table& t) {
 
 namespace {
 
-Object schemaObject(const Schema& s) {
+// The schema document; `exactNames` marks its names as exact (preserve_case), beside the release.
+Object schemaObject(const Schema& s, bool exactNames) {
   Object o = Object::object();
   text(o, "schema", s.name);
   o["release"] = s.release;
+  if (exactNames) o["preserve_case"] = true;
   for (const Sequence& q : s.sequences) {
     Object x = Object::object();
     text(x, "name", q.name);
@@ -407,7 +409,7 @@ bool foldingChangesNames(const Schema& s) {
   Schema folded = s;
   folded.preserve_case = false;
   try {
-    return schemaObject(ResolveSchemaNames(folded)) != schemaObject(ResolveSchemaNames(s));
+    return schemaObject(ResolveSchemaNames(folded), false) != schemaObject(ResolveSchemaNames(s), false);
   } catch (const Error&) {
     return true;  // a schema that does not resolve keeps its names as they are
   }
@@ -416,15 +418,7 @@ bool foldingChangesNames(const Schema& s) {
 }  // namespace
 
 std::string WriteSchema(const Schema& s) {
-  const Object body = schemaObject(s);
-  if (!foldingChangesNames(s)) return dump(body);
-  // The key goes beside the release, where a reader of the document looks first.
-  Object o = Object::object();
-  for (auto it = body.begin(); it != body.end(); ++it) {
-    o[it.key()] = it.value();
-    if (it.key() == "release") o["preserve_case"] = true;
-  }
-  return dump(o);
+  return dump(schemaObject(s, foldingChangesNames(s)));
 }
 
 }  // namespace qarvelt::model
