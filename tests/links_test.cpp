@@ -42,6 +42,35 @@ TEST(Links, CloneOfAWholeTableKeepsItsOwnLinks) {
   EXPECT_EQ(render(*clone), "CREATE GLOBAL TEMPORARY TABLE T ON COMMIT DELETE ROWS");
 }
 
+// A link between two nodes in different branches, several levels down: a clone of a node that holds
+// both keeps the link between the copies; a clone of the branch that holds only the linker drops it.
+TEST(Links, DeepLinksFollowTheCopyThatHoldsBothEnds) {
+  auto target = new CSQLAttr("TARGET");
+  auto linker = new CSQLAttr("LINKER", "", "", "", "", "", nullptr, target);
+  linker->SetAfterPrefix([](std::string& text, std::string&, std::string&, CSQLClause* linked) {
+    text += linked != nullptr ? "to " + linked->GetValue() : std::string("none");
+    return 1;
+  });
+  auto root = with(std::make_unique<Named>("ROOT"),
+                   with(std::make_unique<Named>("MIDDLE"),
+                        with(std::make_unique<Named>("A"), with(std::make_unique<Named>("A1"), linker)),
+                        with(std::make_unique<Named>("B"), target)));
+  ASSERT_EQ(root->SetValue("MIDDLE;B;TARGET", "source"), SQL_OK);
+  for (const char* from : {"", "MIDDLE"}) {
+    CSQLClause* node = *from != 0 ? root->GetClause(from) : root.get();
+    auto clone = node->Clone();
+    const std::string prefix = *from != 0 ? "" : "MIDDLE;";
+    ASSERT_EQ(clone->SetValue((prefix + "B;TARGET").c_str(), "copy"), SQL_OK) << from;
+    std::string text;
+    clone->GetClause((prefix + "A;A1;LINKER").c_str())->GetModifiedSQL("*", text);
+    EXPECT_EQ(trimmed(text), "to copy") << from;
+  }
+  auto branch = root->GetClause("MIDDLE;A")->Clone();
+  std::string text;
+  branch->GetClause("A1;LINKER")->GetModifiedSQL("*", text);
+  EXPECT_EQ(trimmed(text), "none");
+}
+
 TEST(Links, RemovedAndClearedTargetsTakeTheirLinksAlong) {
   // A list item that another node links to: removing it, or clearing the list, clears the link.
   for (int how = 0; how < 3; ++how) {

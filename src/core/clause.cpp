@@ -25,6 +25,28 @@ bool isSpace(char c) {
   return std::isspace(byte) != 0;
 }
 
+// Copies made while another copy is under way (the clones of its children). Links are pointed at
+// the copies once, by the outermost copy, which pairs every node of its subtree.
+class NestedCopy {
+ public:
+  NestedCopy() { ++t_depth; }
+  ~NestedCopy() { --t_depth; }
+  NestedCopy(const NestedCopy&) = delete;
+  NestedCopy& operator=(const NestedCopy&) = delete;
+  static bool active() { return t_depth > 0; }
+
+ private:
+  // Read without a call, as the node allocator reads its thread's lists.
+#if defined(__GNUC__)
+  __attribute__((tls_model("initial-exec")))
+#endif
+  static thread_local int t_depth;
+};
+#if defined(__GNUC__)
+__attribute__((tls_model("initial-exec")))
+#endif
+thread_local int NestedCopy::t_depth = 0;
+
 }  // namespace
 
 void TrimLeft(std::string& text) {
@@ -481,19 +503,25 @@ void CSQLClause::Copy(CSQLClause* target) {
   target->m_name.assign(m_name);
   target->nameChanged();
   target->m_prefix.assign(m_prefix);
-  target->m_strInit = m_strInit;
-  target->m_strValue = m_strValue;
-  target->setLinked(linkedNode());
+  // Most nodes of a tree hold empty values: copying them would only call the string assignment.
+  if (!m_strInit.empty() || !target->m_strInit.empty()) target->m_strInit = m_strInit;
+  if (!m_strValue.empty() || !target->m_strValue.empty()) target->m_strValue = m_strValue;
+  if (m_rare || target->m_rare) target->setLinked(linkedNode());
   target->m_nOraVersion = m_nOraVersion;
   target->noteValue();
   target->noteHooks();
   // Counted first, so that copying a node into itself terminates.
   const std::size_t count = children().size();
   const std::size_t offset = target->children().size();
-  for (std::size_t i = 0; i < count; ++i) {
-    if (CSQLClause* clone = m_children[i]->operator*()) target->appendChild(clone);
+  target->m_children.reserve(offset + count);
+  {
+    // The children's own copies leave their links to the outermost copy, which sees every node.
+    const NestedCopy nested;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (CSQLClause* clone = m_children[i]->operator*()) target->appendChild(clone);
+    }
   }
-  relinkCopies(target, offset, count);
+  if (!NestedCopy::active()) relinkCopies(target, offset, count);
 }
 
 // A link between two nodes of the copied subtree (the ON COMMIT leaf of CREATE TABLE linked to its
@@ -501,6 +529,18 @@ void CSQLClause::Copy(CSQLClause* target) {
 // node outside the subtree, the copied node's own included, is cleared: the copy may outlive that
 // node, and callbacks read a missing link as "no condition".
 void CSQLClause::relinkCopies(CSQLClause* target, std::size_t offset, std::size_t count) {
+  // Most subtrees hold no link at all: then there is nothing to pair.
+  const auto hasLink = [](const CSQLClause* node, const auto& self) -> bool {
+    if (node->linkedNode() != nullptr) return true;
+    for (const auto& child : node->m_children) {
+      if (self(child.get(), self)) return true;
+    }
+    return false;
+  };
+  bool any = target != this && linkedNode() != nullptr;
+  for (std::size_t i = 0; i < count && i < m_children.size() && !any; ++i)
+    any = hasLink(m_children[i].get(), hasLink);
+  if (!any) return;
   std::unordered_map<const CSQLClause*, CSQLClause*> copies;
   std::vector<std::pair<CSQLClause*, CSQLClause*>> pairs;
   bool linked = false;
