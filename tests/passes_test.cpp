@@ -118,6 +118,25 @@ TEST(Lists, RemoveAndClear) {
   EXPECT_EQ(shell.GetOraVersion(), 3);
 }
 
+// A clone taken before a part of the tree was ever built builds that part as the source would: the
+// table's subpartition template opens with SUBPARTITION TEMPLATE in the clone too.
+TEST(Clones, UnbuiltSubpartitionTemplateKeepsItsLevel) {
+  const auto fill = [](CSQLClause& part) {
+    part.SetValue("C_COMPOSITE_PART;LIST", "A");
+    part.SetValue("C_COMPOSITE_PART;C_SUBPART_BY_HASH;LIST", "B");
+    part.AddAttr("C_COMPOSITE_PART;C_SUBPART_BY_HASH;C_SUBPART_TEMPLATE;LIST",
+                 make_unique<CSQLClauseTablePartition::CSubSQLItemTemplate>("S1"));
+    part.SetValue("C_COMPOSITE_PART;C_SUBPART_BY_HASH;C_SUBPART_TEMPLATE;LIST;S1;SUBPARTITION", "S1");
+    return write(part).text;
+  };
+  CSQLClauseTablePartition source(true, 4);
+  // Builds the hash subpartitioning; its template stays unbuilt.
+  ASSERT_EQ(source.SetValue("C_COMPOSITE_PART;C_SUBPART_BY_HASH;LIST", "B"), SQL_OK);
+  auto clone = source.Clone();
+  EXPECT_EQ(fill(*clone), fill(source));
+  EXPECT_NE(write(*clone).text.find("SUBPARTITION TEMPLATE"), std::string::npos) << write(*clone).text;
+}
+
 TEST(Clones, DeepCopyOfShapeTextsAndValues) {
   auto root = statement();
   root->SetAfterPrefix([](std::string&, std::string&, std::string&, CSQLClause*) { return 0; });

@@ -90,6 +90,10 @@ class CSQLClauseSubpartTemplate : public Cloneable<CSQLClauseSubpartTemplate> {
       : Cloneable(nOraVersion), m_tableLevel(tableLevel) {
     setup("C_SUBPART_TEMPLATE", bInit);
   }
+  // A copy stays a template of the same level, also when it is built only later.
+  CSQLClause* operator*() override {
+    return cloneInto(new CSQLClauseSubpartTemplate(false, 7, m_tableLevel));
+  }
 
  protected:
   void init() override;
