@@ -69,15 +69,19 @@ std::string CSQLAttr::GetValue() {
 
 int CSQLAttr::preModifiedSQL(const char* /*path*/, std::string& text) {
   if (!isModified(nullptr)) return SQL_OK;
-  text = prefixText();
+  const std::string_view prefix = prefixText();
+  const std::string_view suffix = suffixText();
+  text.reserve(text.size() + prefix.size() + m_strValue.size() + suffix.size());
+  text = prefix;
   text += m_strValue;
-  text += suffixText();
+  if (!suffix.empty()) text += suffix;
   return SQL_OK;
 }
 
 int CSQLAttr::postModifiedSQL(const char* /*path*/, std::string& text) {
   if (!isModified(nullptr)) return SQL_OK;
-  text += postfixText();
+  const std::string_view postfix = postfixText();
+  if (!postfix.empty()) text += postfix;
   m_bUsed = true;
   return SQL_OK;
 }

@@ -1,5 +1,6 @@
 #include "qarvelt/core/clause.h"
 
+#include "piece.h"
 #include "pool.h"
 #include "qarvelt/core/container.h"
 
@@ -300,7 +301,8 @@ void CSQLClause::writeChildren(const char* path, std::string& text) {
   std::string_view head;
   const char* rest = splitPath(path, head);
   const bool all = head == "*";
-  std::string piece;
+  detail::PieceBuffer buffer;
+  std::string& piece = buffer.text();
   for (auto& child : children()) {
     // An untouched child writes nothing, whatever the path.
     if (isQuiet(child.get())) continue;

@@ -1,5 +1,7 @@
 #include "qarvelt/core/container.h"
 
+#include "piece.h"
+
 #include <cstring>
 
 #include "wrap.h"
@@ -25,7 +27,8 @@ int CSQLContainer::postModifiedSQL(const char* /*path*/, std::string& text) {
 int CSQLContainer::GetModifiedSQL(const char* path, std::string& text) {
   if (path == nullptr) path = "*";
   if (beginText(path, text)) return SQL_OK;
-  std::string piece;
+  detail::PieceBuffer buffer;
+  std::string& piece = buffer.text();
   for (auto& child : children()) {
     if (isQuiet(child.get())) continue;
     piece.clear();
@@ -116,7 +119,8 @@ int CSQLContOR::GetModifiedSQL(const char* path, std::string& text) {
   if (beginText(path, text)) return SQL_OK;
   std::string_view head;
   const char* rest = splitPath(path, head);
-  std::string piece;
+  detail::PieceBuffer buffer;
+  std::string& piece = buffer.text();
   for (auto& child : children()) {
     if (isQuiet(child.get())) continue;
     piece.clear();

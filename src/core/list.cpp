@@ -1,5 +1,7 @@
 #include "qarvelt/core/list.h"
 
+#include "piece.h"
+
 #include "wrap.h"
 
 namespace qarvelt {
@@ -39,7 +41,8 @@ int CSQLList::GetModifiedSQL(const char* path, std::string& text) {
   std::string_view head;
   const char* rest = splitPath(path, head);
   bool written = false;
-  std::string piece;
+  detail::PieceBuffer buffer;
+  std::string& piece = buffer.text();
   for (const auto& child : children()) {
     CSQLClause* item = child.get();
     if (isQuiet(item)) continue;

@@ -8,14 +8,15 @@
 
 namespace qarvelt::detail {
 
+// Most containers have neither prefix nor postfix: an empty text is not appended at all.
 inline void openWrap(std::string_view prefix, std::string& text) {
-  text += prefix;
+  if (!prefix.empty()) text += prefix;
 }
 
 inline void closeWrap(std::string_view prefix, std::string_view postfix, std::string& text) {
   if (text == prefix) {
     text.clear();
-  } else {
+  } else if (!postfix.empty()) {
     text += postfix;
   }
 }
