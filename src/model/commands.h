@@ -22,6 +22,9 @@ std::vector<std::string> AddConstraintStatements(const Table& table,
 // names, or else an index on exactly its columns (from Oracle 8i, which builds a key on an existing
 // index). Such a key is added after its index is created.
 const Index* KeyIndex(const Table& table, const Constraint& c);
+// True for a constraint that CREATE TABLE leaves out and an ALTER TABLE adds after the table's
+// indexes: a key on one of them, and a foreign key of the table to such a key of its own.
+bool AddedAfterIndexes(const Table& table, const Constraint& c);
 
 }  // namespace qarvelt::model
 

@@ -176,9 +176,15 @@ class Writer {
     script.statements.push_back(createTable());
     for (std::size_t i = 0; i < m_table.indexes.size(); ++i)
       script.statements.push_back(createIndex(m_table.indexes[i], i));
+    // Keys on the indexes just created, then the foreign keys that reference them from this table.
     for (std::size_t i = 0; i < m_table.constraints.size(); ++i) {
       if (KeyIndex(m_table, m_table.constraints[i]) != nullptr)
         script.statements.push_back(addConstraint(m_table.constraints[i], i));
+    }
+    for (std::size_t i = 0; i < m_table.constraints.size(); ++i) {
+      const Constraint& c = m_table.constraints[i];
+      if (KeyIndex(m_table, c) == nullptr && AddedAfterIndexes(m_table, c))
+        script.statements.push_back(addConstraint(c, i));
     }
     comments(script.statements);
     return script;
@@ -328,7 +334,7 @@ std::string Writer::createTable() {
   for (std::size_t i = 0; i < t.constraints.size(); ++i) {
     const Constraint& c = t.constraints[i];
     names.push_back(c.name);
-    if (KeyIndex(t, c) != nullptr) continue;  // added after its index
+    if (AddedAfterIndexes(t, c)) continue;
     const std::string where = at("constraints", i);
     if (!c.state.index_name.empty()) {
       Refuse(where + ".using_index.name",
@@ -1384,6 +1390,20 @@ const Index* KeyIndex(const Table& table, const Constraint& c) {
     if (same) return &x;
   }
   return nullptr;
+}
+
+bool AddedAfterIndexes(const Table& table, const Constraint& c) {
+  if (KeyIndex(table, c) != nullptr) return true;
+  // A foreign key to a key of its own table that is added after its index: in the CREATE TABLE it
+  // would reference a key that does not exist yet (ORA-02268, ORA-02270).
+  if (c.type != "FOREIGN KEY" || c.ref_table != table.name) return false;
+  if (!c.ref_schema.empty() && c.ref_schema != table.schema) return false;
+  for (const Constraint& key : table.constraints) {
+    if (key.type != "PRIMARY KEY" && key.type != "UNIQUE") continue;
+    const bool referenced = c.ref_columns.empty() ? key.type == "PRIMARY KEY" : key.columns == c.ref_columns;
+    if (referenced) return KeyIndex(table, key) != nullptr;
+  }
+  return false;
 }
 
 Script Create(const Table& table, const Options& options) {

@@ -371,6 +371,8 @@ class Differ {
   // Added constraints (positions in the new table) written by the create writer: keys on an index
   // of the table, which follow the new indexes, and keys with a USING INDEX clause of their own.
   std::vector<std::size_t> m_keysOnIndexes, m_keysWithIndex;
+  // Foreign keys of the table to its own keys on indexes: added after those keys.
+  std::vector<std::size_t> m_referencesToKeysOnIndexes;
   // Why the table has to be created anew, for the warning of --allow-recreate.
   std::string m_why;
   // A changed degree of parallelism in the bracketed form of the older releases, or "".
@@ -893,6 +895,10 @@ void Differ::loadConstraints(CSQLInfoConstraints& constraints,
     }
     if (KeyIndex(m_after, now) != nullptr || !now.state.index_name.empty()) {
       m_keysOnIndexes.push_back(n);
+      continue;
+    }
+    if (AddedAfterIndexes(m_after, now)) {
+      m_referencesToKeysOnIndexes.push_back(n);
       continue;
     }
     if (!now.state.index_tablespace.empty()) {
@@ -1644,6 +1650,8 @@ Script Differ::alter() {
   for (const std::string& text : AddConstraintStatements(m_after, m_keysWithIndex, m_options))
     constraintAdds.push_back(text);
   Texts keysOnIndexes = AddConstraintStatements(m_after, m_keysOnIndexes, m_options);
+  for (const std::string& text : AddConstraintStatements(m_after, m_referencesToKeysOnIndexes, m_options))
+    keysOnIndexes.push_back(text);
   Texts constraintDrops, constraintModifies, constraintRenames;
   for (const std::string& text : constraintOut) {
     Texts& bucket = text.find(" DROP CONSTRAINT ") != std::string::npos     ? constraintDrops
