@@ -69,11 +69,9 @@ std::string CSQLAttr::GetValue() {
 
 int CSQLAttr::preModifiedSQL(const char* /*path*/, std::string& text) {
   if (!isModified(nullptr)) return SQL_OK;
-  const std::string_view prefix = prefixText();
-  const std::string_view suffix = suffixText();
-  text.reserve(text.size() + prefix.size() + m_strValue.size() + suffix.size());
-  text = prefix;
+  text = prefixText();
   text += m_strValue;
+  const std::string_view suffix = suffixText();
   if (!suffix.empty()) text += suffix;
   return SQL_OK;
 }
