@@ -133,6 +133,17 @@ inline model::Schema EditedSchema(model::Schema s, unsigned seed, int intensity 
       check.check = "AMOUNT >= 0";
       t.constraints.push_back(check);
     }
+    // Types whose precisions stand inside their names, added or given new precisions.
+    const auto span = std::find_if(t.columns.begin(), t.columns.end(),
+                                   [](const model::Column& c) { return c.name == "SPAN"; });
+    if (span == t.columns.end() && rare(2)) {
+      t.columns.push_back(column("SEEN_AT", "TIMESTAMP WITH TIME ZONE", "3"));
+      t.columns.push_back(column("SPAN", "INTERVAL DAY TO SECOND", "4"));
+      t.columns.back().scale = "2";
+    } else if (span != t.columns.end() && rare(20)) {
+      span->scale = "5";
+      (span - 1)->length = "";
+    }
     if (t.columns.back().name != "FLAG" && rare(2)) {
       t.columns.push_back(column("FLAG", "NUMBER", "1", true));
       t.columns.back().default_value = "0";

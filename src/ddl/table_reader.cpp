@@ -19,7 +19,6 @@ const std::initializer_list<std::string_view> kColumnStops = {
 
 // A data type: its name as the catalogue has it, and its sizes.
 void readDataType(Parser& p, Column& c) {
-  const Token& at = p.Peek();
   std::string type = p.Identifier("a data type");
   auto sizes = [&](bool scale, bool unit) {
     if (!p.AcceptOp("(")) return;
@@ -28,51 +27,43 @@ void readDataType(Parser& p, Column& c) {
     if (unit && (p.IsWord("BYTE") || p.IsWord("CHAR"))) c.unit = p.Take().value;
     p.ExpectOp(")");
   };
-  // A precision that Oracle writes but the description leaves to its default.
-  auto defaultPrecision = [&](const char* fallback) {
-    if (!p.AcceptOp("(")) return;
+  // The precisions of datetime and interval types. The default one, which Oracle's exports write,
+  // is left out as the description leaves it out.
+  auto precision = [&](const char* fallback) {
+    if (!p.AcceptOp("(")) return std::string();
     const std::string n = p.Integer("a precision");
     p.ExpectOp(")");
-    if (n != fallback) {
-      p.FailAt(at,
-               type + " with a precision of " + n + " cannot be described: only the default (" + fallback +
-                   ") is kept");
-    }
+    return n == fallback ? std::string() : n;
   };
   if (type == "LONG" && p.Accept("RAW")) type = "LONG RAW";
   if (type == "DOUBLE" && p.Accept("PRECISION")) type = "FLOAT";
   if (type == "CHARACTER" && p.Accept("VARYING")) type = "VARCHAR2";
   if (type == "INT") type = "INTEGER";
   if (type == "TIMESTAMP") {
-    std::string precision;
+    std::string fraction;
     if (p.AcceptOp("(")) {
-      precision = p.Integer("a precision");
+      fraction = p.Integer("a precision");
       p.ExpectOp(")");
     }
     if (p.Accept("WITH")) {
       type = p.Accept("LOCAL") ? "TIMESTAMP WITH LOCAL TIME ZONE" : "TIMESTAMP WITH TIME ZONE";
       p.Expect("TIME");
       p.Expect("ZONE");
-      if (!precision.empty() && precision != "6") {
-        p.FailAt(at,
-                 type + " with a precision of " + precision +
-                     " cannot be described: only the default (6) is kept");
-      }
-    } else {
-      c.length = precision;
+      if (fraction == "6") fraction.clear();
     }
+    c.length = fraction;
   } else if (type == "INTERVAL") {
     if (p.Accept("YEAR")) {
-      defaultPrecision("2");
+      c.length = precision("2");
       p.Expect("TO");
       p.Expect("MONTH");
       type = "INTERVAL YEAR TO MONTH";
     } else {
       p.Expect("DAY");
-      defaultPrecision("2");
+      c.length = precision("2");
       p.Expect("TO");
       p.Expect("SECOND");
-      defaultPrecision("6");
+      c.scale = precision("6");
       type = "INTERVAL DAY TO SECOND";
     }
   } else if (type == "VECTOR") {

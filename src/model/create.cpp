@@ -100,7 +100,9 @@ Sizes sizesOf(const std::string& type, int release) {
   if (type == "RAW") return {true, true, 1, oracle7 ? 255 : extended ? 32767 : 2000, false, false};
   if (type == "NUMBER") return {true, false, 1, 38, true, false};
   if (type == "FLOAT") return {true, false, 1, 126, false, false};
-  if (type == "TIMESTAMP") return {true, false, 0, 9, false, false};  // fractional seconds
+  // Fractional seconds, and the leading field of an interval: 0 to 9.
+  if (type.rfind("TIMESTAMP", 0) == 0 || type.rfind("INTERVAL", 0) == 0)
+    return {true, false, 0, 9, type == "INTERVAL DAY TO SECOND", false};
   if (type == "UROWID") return {true, false, 1, 4000, false, false};
   return {};
 }
@@ -127,14 +129,6 @@ void checkDataType(const Column& c, int release, const std::string& where) {
     return;
   }
   const Sizes sizes = sizesOf(c.type, release);
-  const bool zoned = c.type.rfind("TIMESTAMP ", 0) == 0 || c.type.rfind("INTERVAL", 0) == 0;
-  if (zoned && (!c.length.empty() || !c.scale.empty())) {
-    // The data type leaf writes its sizes after the whole name: TIMESTAMP WITH TIME ZONE (6), which
-    // Oracle does not take (it wants TIMESTAMP (6) WITH TIME ZONE).
-    throw Failure(kExitFailure,
-                  where + ": column " + c.name + ": the data type tree cannot write a precision inside " +
-                      c.type + "; leave it out (Oracle's default applies)");
-  }
   if (!sizes.length && !c.length.empty()) Refuse(where + ".length", c.type + " takes no length or precision");
   if (sizes.required && c.length.empty())
     Refuse(where + ".length", "missing (" + c.type + " needs a length)");
@@ -145,7 +139,10 @@ void checkDataType(const Column& c, int release, const std::string& where) {
   } else {
     CheckNumber(c.length, sizes.low, sizes.high, where + ".length");
   }
-  if (!c.scale.empty()) {
+  if (!c.scale.empty() && c.type == "INTERVAL DAY TO SECOND") {
+    // The fractional seconds, with or without the precision of the days.
+    CheckNumber(c.scale, 0, 9, where + ".scale");
+  } else if (!c.scale.empty()) {
     if (!sizes.scale) Refuse(where + ".scale", c.type + " takes no scale");
     if (c.length.empty()) Refuse(where + ".scale", "a scale needs a precision");
     CheckNumber(c.scale, -84, 127, where + ".scale");
@@ -545,6 +542,16 @@ void CheckPartitioning(const Table& t) {
   }
 }
 
+std::string TypeWithInnerSizes(const Column& c) {
+  auto sized = [](const std::string& size) { return size.empty() ? std::string() : " (" + size + ")"; };
+  if (c.type == "TIMESTAMP WITH TIME ZONE" || c.type == "TIMESTAMP WITH LOCAL TIME ZONE")
+    return "TIMESTAMP" + sized(c.length) + c.type.substr(std::string("TIMESTAMP").size());
+  if (c.type == "INTERVAL YEAR TO MONTH") return "INTERVAL YEAR" + sized(c.length) + " TO MONTH";
+  if (c.type == "INTERVAL DAY TO SECOND")
+    return "INTERVAL DAY" + sized(c.length) + " TO SECOND" + sized(c.scale);
+  return "";
+}
+
 }  // namespace create
 
 namespace {
@@ -554,10 +561,15 @@ void Writer::column(TreeFiller& f, const Column& c, std::size_t i) {
   const std::string path = kItems + ";" + item("C", i);
   f.Add(kItems, make_unique<CSQLCreateTable::CSubSQLItemProp>(item("C", i).c_str(), m_release), where);
   f.Set(path + ";COLUMN", id(c.name, where + ".name"), where + ".name");
-  f.Set(path + ";DATATYPE", c.type, where + ".type");
-  f.Set(path + ";DATATYPE;LENGTH", c.length, where + ".length");
-  f.Set(path + ";DATATYPE;SCALE", c.scale, where + ".scale");
-  f.Set(path + ";DATATYPE;UNIT", c.unit, where + ".unit");
+  const std::string inner = TypeWithInnerSizes(c);
+  if (!inner.empty()) {
+    f.Set(path + ";DATATYPE", inner, where + ".type");
+  } else {
+    f.Set(path + ";DATATYPE", c.type, where + ".type");
+    f.Set(path + ";DATATYPE;LENGTH", c.length, where + ".length");
+    f.Set(path + ";DATATYPE;SCALE", c.scale, where + ".scale");
+    f.Set(path + ";DATATYPE;UNIT", c.unit, where + ".unit");
+  }
   ColumnSyntax(f, c, path, where, m_release);
 
   // One inline constraint each; the constraint name goes to the key or check constraint, or to NOT

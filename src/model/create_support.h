@@ -165,6 +165,13 @@ void ColumnSyntax(
 // DEFAULT partition).
 void CheckPartitioning(const Table& t);
 
+// The data types whose sizes stand inside their names: TIMESTAMP (3) WITH TIME ZONE, INTERVAL YEAR
+// (4) TO MONTH, INTERVAL DAY (3) TO SECOND (2). The data type leaf writes sizes after its whole
+// value, so these types go to the tree as one text, sizes in place (length: the fractional seconds
+// of a TIMESTAMP, or the leading field of an INTERVAL; scale: the fractional seconds of INTERVAL DAY
+// TO SECOND). "" for every other type, whose sizes the leaf writes.
+std::string TypeWithInnerSizes(const Column& c);
+
 }  // namespace qarvelt::model::create
 
 #endif  // QARVELT_MODEL_CREATE_SUPPORT_H

@@ -220,8 +220,11 @@ bool isNational(const std::string& type) {
   return type == "NCHAR" || type == "NVARCHAR2";
 }
 
-// A column's type as a statement writes it: NUMBER, NUMBER(9,2), VARCHAR2(30 CHAR).
+// A column's type as a statement writes it: NUMBER, NUMBER(9,2), VARCHAR2(30 CHAR), TIMESTAMP (3) WITH
+// TIME ZONE.
 std::string typeText(const Column& c) {
+  const std::string inner = create::TypeWithInnerSizes(c);
+  if (!inner.empty()) return inner;
   if (c.length.empty()) return c.type;
   return c.type + "(" + c.length + (c.scale.empty() ? "" : "," + c.scale) +
          (c.unit.empty() ? "" : " " + c.unit) + ")";
@@ -243,6 +246,16 @@ std::string narrowing(const Column& old, const Column& now) {
     if (precision(now) >= precision(old) && scale(now) >= scale(old)) return "";
     return "Oracle refuses to decrease the precision or scale of a column that holds any value "
            "(ORA-01440): the statement runs only while the column is empty";
+  }
+  const bool interval = old.type.rfind("INTERVAL", 0) == 0;
+  if (old.type == now.type && (interval || old.type.rfind("TIMESTAMP", 0) == 0)) {
+    // Fractional seconds (6 when not given) and the leading field of an interval (2).
+    const long leading = interval ? 2 : 6;
+    if (numberOr(now.length, leading) >= numberOr(old.length, leading) &&
+        numberOr(now.scale, 6) >= numberOr(old.scale, 6))
+      return "";
+    return "Oracle refuses to decrease the precision of a datetime or interval column that holds any value "
+           "(ORA-30082): the statement runs only while the column is empty";
   }
   if (!old.length.empty() && !now.length.empty() &&
       numberOr(now.length, 1L << 30) < numberOr(old.length, 1L << 30)) {
@@ -464,8 +477,17 @@ void Differ::matchColumns() {
 }
 
 void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
+  // Types whose sizes stand inside their names go to the records as one text, without sizes.
+  auto typeOf = [](const Column& c) {
+    const std::string inner = create::TypeWithInnerSizes(c);
+    return inner.empty() ? c.type : inner;
+  };
   auto lengthOf = [](const Column& c) {
+    if (!create::TypeWithInnerSizes(c).empty()) return std::string();
     return c.unit.empty() || c.length.empty() ? c.length : c.length + " " + c.unit;
+  };
+  auto scaleOf = [](const Column& c) {
+    return create::TypeWithInnerSizes(c).empty() ? c.scale : std::string();
   };
   auto loadLob =
       [](CSQLInfoColumns::CColumn& record, const LobStorage& now, const LobStorage& before, bool keep) {
@@ -531,9 +553,9 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     }
     // Everything but the name, as it is and as it should be.
     auto loadChanges = [&](CSQLInfoColumns::CColumn& r) {
-      load(r, "DATATYPE", now.type, old.type);
+      load(r, "DATATYPE", typeOf(now), typeOf(old));
       load(r, "LENGTH", lengthOf(now), lengthOf(old));
-      load(r, "SCALE", now.scale, old.scale);
+      load(r, "SCALE", scaleOf(now), scaleOf(old));
       // DEFAULT ON NULL goes with the column syntax below, and makes the column NOT NULL.
       if (!now.default_on_null && !old.default_on_null)
         load(r, "DEFAULT", now.default_value, old.default_value);
@@ -582,9 +604,9 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
     columns.AddColumn(itemName.c_str(), false);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(itemName.c_str());
     load(record, "NAME", id(now.name, "columns[" + std::to_string(n) + "]"), "");
-    load(record, "DATATYPE", now.type, "");
+    load(record, "DATATYPE", typeOf(now), "");
     load(record, "LENGTH", lengthOf(now), "");
-    load(record, "SCALE", now.scale, "");
+    load(record, "SCALE", scaleOf(now), "");
     if (!now.default_on_null) load(record, "DEFAULT", now.default_value, "");
     if (now.not_null) load(*record.CONSTRAINT(), "NULL", "NOT NULL", "");
     if (now.not_null && now.default_value.empty() && now.identity.generated.empty() &&
