@@ -123,6 +123,8 @@ TEST(DdlReader, FaultsNameTheirPlace) {
       {"CREATE TABLE A.T (X DATE);\nCREATE TABLE B.U (X DATE);", "s.sql:2:14: U is in schema B"},
       {"CREATE TABLE T (A VARCHAR2(10);", "s.sql:1:31: expected \")\""},
       {"CREATE TABLE T (A INTERVAL DAY(3) TO MONTH);", "s.sql:1:38: expected SECOND, found \"MONTH\""},
+      {"CREATE TABLE T (ID NUMBER, DOC CLOB) LOB (DOC) STORE AS (CACHE NOLOGGING);",
+       "s.sql:1:64: NOLOGGING does not go with CACHE"},
       {"CREATE VIEW V AS SELECT 'open FROM DUAL;", "s.sql:1:25:"},
       {"CREATE TABLE T (A NUMBER) PARTITION BY HASH (A) PARTITIONS 4294967296;",
        "s.sql:1:60: a number of partitions from 1 to 1048575, found 4294967296"},

@@ -425,9 +425,15 @@ bool readLobParameters(Parser& p, model::LobStorage& lob) {
     lob.cache = "CACHE READS";
   } else if (p.Accept("CACHE") || p.Accept("NOCACHE")) {
     lob.cache = at.value;
-    if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) lob.logging = p.Take().value;
   } else if (p.IsWord("LOGGING") || p.IsWord("NOLOGGING")) {
-    lob.logging = p.Take().value;
+    // A cached LOB is always logged: LOGGING after CACHE says nothing, NOLOGGING contradicts it.
+    // Alone, a logging clause goes with the default, NOCACHE.
+    const Token& logging = p.Take();
+    if (lob.cache == "CACHE" && logging.value == "NOLOGGING")
+      p.FailAt(logging, "NOLOGGING does not go with CACHE: a cached LOB is always logged");
+    if (lob.cache == "CACHE") return true;
+    if (lob.cache.empty()) lob.cache = "NOCACHE";
+    lob.logging = logging.value;
   } else if (p.Accept("STORAGE")) {
     p.Note(at, "the STORAGE clause of a LOB segment is not kept");
     p.SkipBrackets();

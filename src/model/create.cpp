@@ -542,6 +542,23 @@ void CheckPartitioning(const Table& t) {
   }
 }
 
+void CheckDataType(const Column& c, int release, const std::string& where) {
+  checkDataType(c, release, where);
+}
+
+void CheckLobStorage(const LobStorage& lob, int release, const std::string& where) {
+  CheckNumber(lob.chunk, 1, 32768, where + ".chunk");
+  CheckNumber(lob.pctversion, 0, 100, where + ".pctversion");
+  if (!lob.pctversion.empty() && !lob.retention.empty()) {
+    Refuse(where + ".retention", "give either PCTVERSION or RETENTION, not both");
+  }
+  // A cached LOB is always logged: Oracle takes a logging clause only after NOCACHE or CACHE READS.
+  if (!lob.logging.empty() && lob.cache != "NOCACHE" && lob.cache != "CACHE READS") {
+    Refuse(where + ".logging", "LOGGING and NOLOGGING go with NOCACHE or CACHE READS");
+  }
+  if (lob.cache == "CACHE READS") RequireRelease(release, 2, where + ".cache", "CACHE READS");
+}
+
 std::string TypeWithInnerSizes(const Column& c) {
   auto sized = [](const std::string& size) { return size.empty() ? std::string() : " (" + size + ")"; };
   if (c.type == "TIMESTAMP WITH TIME ZONE" || c.type == "TIMESTAMP WITH LOCAL TIME ZONE")
@@ -877,15 +894,7 @@ void Writer::lobStorage(TreeFiller& f,
                         const std::string& column,
                         const LobStorage& lob,
                         const std::string& where) {
-  CheckNumber(lob.chunk, 1, 32768, where + ".chunk");
-  CheckNumber(lob.pctversion, 0, 100, where + ".pctversion");
-  if (!lob.pctversion.empty() && !lob.retention.empty()) {
-    Refuse(where + ".retention", "give either PCTVERSION or RETENTION, not both");
-  }
-  if (!lob.logging.empty() && lob.cache != "NOCACHE" && lob.cache != "CACHE READS") {
-    Refuse(where + ".logging", "LOGGING and NOLOGGING go with NOCACHE or CACHE READS");
-  }
-  if (lob.cache == "CACHE READS") RequireRelease(m_release, 2, where + ".cache", "CACHE READS");
+  CheckLobStorage(lob, m_release, where);
 
   f.Set(base + ";LOBITEM", column, where);
   std::string parameters = base + ";LOBITEM;C_LOB_PARAMETER";

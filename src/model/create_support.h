@@ -165,6 +165,11 @@ void ColumnSyntax(
 // DEFAULT partition).
 void CheckPartitioning(const Table& t);
 
+// The checks of a column's data type and sizes (against the release), and of a LOB's storage
+// parameters, that create makes and diff makes for the columns it adds or changes.
+void CheckDataType(const Column& c, int release, const std::string& where);
+void CheckLobStorage(const LobStorage& lob, int release, const std::string& where);
+
 // The data types whose sizes stand inside their names: TIMESTAMP (3) WITH TIME ZONE, INTERVAL YEAR
 // (4) TO MONTH, INTERVAL DAY (3) TO SECOND (2). The data type leaf writes sizes after its whole
 // value, so these types go to the tree as one text, sizes in place (length: the fractional seconds

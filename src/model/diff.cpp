@@ -293,21 +293,6 @@ class Differ {
                       "; the table is for " + create::ReleaseLabel(m_release) +
                       " (--allow-recreate drops and creates the table)");
   }
-  // Refuses a column type that comes with a later release: the new document is wrong, as create
-  // would say.
-  void requireType(const Column& column, const std::string& where) {
-    auto offers = [&](int release) {
-      const std::vector<std::string> types = CSQLUtil::GetDataTypes(release);
-      return std::find(types.begin(), types.end(), column.type) != types.end();
-    };
-    if (offers(m_release)) return;
-    for (int later = m_release + 1; later <= kNewestRelease; ++later) {
-      if (offers(later)) {
-        create::RequireRelease(
-            m_release, later, where + ".type", "the data type " + column.type + " of column " + column.name);
-      }
-    }
-  }
   void warn(const std::string& what) { m_script.warnings.push_back(what); }
   // DROP INDEX, DROP TABLE ...: [IF EXISTS (--if-exists)] [schema.]name and the leaves `more` sets.
   template <class Drop>
@@ -506,6 +491,11 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
             load(record, type, now.*member, before.*member);
           }
         }
+        // Oracle takes a logging clause only after its cache keyword (NOCACHE NOLOGGING): a change
+        // of logging writes the keyword too.
+        if (!now.logging.empty() && now.logging != before.logging) {
+          load(record, "LOB;CACHE", now.cache.empty() && keep ? before.cache : now.cache, "");
+        }
       };
   const LobStorage none;
   // The old table's columns, kept (renamed or changed) or dropped.
@@ -539,9 +529,11 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
       requireRelease(2, "moving the LOB storage of column " + old.name + " (MOVE LOB)");
     }
     if (now.type != old.type || now.length != old.length || now.scale != old.scale || now.unit != old.unit) {
-      requireType(now, "columns[" + std::to_string(kept->first) + "]");
+      create::CheckDataType(now, m_release, "columns[" + std::to_string(kept->first) + "]");
       m_retyped.insert(old.name);
     }
+    if (!now.lob.empty())
+      create::CheckLobStorage(now.lob, m_release, "columns[" + std::to_string(kept->first) + "].lob");
     const std::string narrows = narrowing(old, now);
     if (!narrows.empty()) {
       dataLoss("column " + now.name + " of " + tableName(m_before) + " narrows from " + typeText(old) +
@@ -599,7 +591,9 @@ void Differ::loadColumns(CSQLInfoColumns& columns, CSQLInfoColumns& followUp) {
   for (std::size_t n = 0; n < m_after.columns.size(); ++n) {
     if (m_columnOf.count(n) != 0) continue;
     const Column& now = m_after.columns[n];
-    requireType(now, "columns[" + std::to_string(n) + "]");
+    create::CheckDataType(now, m_release, "columns[" + std::to_string(n) + "]");
+    if (!now.lob.empty())
+      create::CheckLobStorage(now.lob, m_release, "columns[" + std::to_string(n) + "].lob");
     const std::string itemName = "+" + now.name;  // never the name of an old column's item
     columns.AddColumn(itemName.c_str(), false);
     CSQLInfoColumns::CColumn& record = *columns.GetColumn(itemName.c_str());
