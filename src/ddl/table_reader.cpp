@@ -456,7 +456,11 @@ void readLobStorage(Parser& p, Table& t, std::vector<model::PartitionLob>* parti
   p.Expect("AS");
   const Token& at = p.Peek();
   if (p.Accept("SECUREFILE")) p.Note(at, "SECUREFILE is not kept (Oracle's default from 12c)");
-  p.Accept("BASICFILE");
+  if (p.Accept("BASICFILE")) {
+    p.Note(at,
+           "BASICFILE is not kept: from Oracle 12c the LOB is created as SECUREFILE where the database "
+           "prefers it");
+  }
   model::LobStorage lob;
   if (!p.IsOp("(")) lob.segment = p.Identifier("a LOB segment name");
   if (p.AcceptOp("(")) {
