@@ -1752,6 +1752,18 @@ Script Differ::alter() {
   return m_script;
 }
 
+// Leaves out the precisions of datetime and interval columns that are Oracle's defaults (TIMESTAMP
+// (6), INTERVAL DAY (2) TO SECOND (6)), so that a description that writes them and one that does not
+// (an export against a hand-written document) compare equal.
+void dropDefaultPrecisions(Table& t) {
+  for (Column& c : t.columns) {
+    const bool timestamp = c.type.rfind("TIMESTAMP", 0) == 0;
+    const bool interval = c.type.rfind("INTERVAL", 0) == 0;
+    if ((timestamp && c.length == "6") || (interval && c.length == "2")) c.length.clear();
+    if (c.type == "INTERVAL DAY TO SECOND" && c.scale == "6") c.scale.clear();
+  }
+}
+
 // A named inline key or check of an old column that the new column no longer has becomes a
 // constraint of the old table, so that it is dropped by its name like one. (With two of them on one
 // column the name is the first's only, and diff warns instead.)
@@ -1797,7 +1809,9 @@ Script Diff(const Table& before, const Table& after, const Options& options) {
   CheckExpressions(before, "old");
   CheckExpressions(after, "new");
   Table oldTable = ResolveNames(before, options.preserve_case);
-  const Table newTable = ResolveNames(after, options.preserve_case);
+  Table newTable = ResolveNames(after, options.preserve_case);
+  dropDefaultPrecisions(oldTable);
+  dropDefaultPrecisions(newTable);
   liftRemovedInlineConstraints(oldTable, newTable);
   return Differ(oldTable, newTable, options).run();
 }
