@@ -107,7 +107,9 @@ Sizes sizesOf(const std::string& type, int release) {
   return {};
 }
 
-void checkDataType(const Column& c, int release, const std::string& where) {
+}  // namespace
+
+void create::CheckDataType(const Column& c, int release, const std::string& where) {
   const std::vector<std::string> types = CSQLUtil::GetDataTypes(release);
   if (std::find(types.begin(), types.end(), c.type) == types.end()) {
     for (int later = release + 1; later <= kNewestRelease; ++later) {
@@ -154,6 +156,8 @@ void checkDataType(const Column& c, int release, const std::string& where) {
   }
   if (!c.lob.empty() && !isLob(c.type)) Refuse(where + ".lob", c.type + " is not a LOB type with storage");
 }
+
+namespace {
 
 // One table document written as statements.
 class Writer {
@@ -290,7 +294,7 @@ void Writer::checkColumns() {
   for (std::size_t i = 0; i < m_table.columns.size(); ++i) {
     const Column& c = m_table.columns[i];
     names.push_back(c.name);
-    checkDataType(c, m_release, at("columns", i));
+    CheckDataType(c, m_release, at("columns", i));
     if (c.type == "LONG" || c.type == "LONG RAW") ++longs;
     if (c.primary_key) {
       ++primaryKeys;
@@ -540,10 +544,6 @@ void CheckPartitioning(const Table& t) {
       RequireRelease(t.release, 8, at(where + ".partitions", i) + ".indexing", "INDEXING of a partition");
     }
   }
-}
-
-void CheckDataType(const Column& c, int release, const std::string& where) {
-  checkDataType(c, release, where);
 }
 
 void CheckLobStorage(const LobStorage& lob, int release, const std::string& where) {

@@ -230,6 +230,19 @@ std::string typeText(const Column& c) {
          (c.unit.empty() ? "" : " " + c.unit) + ")";
 }
 
+// Oracle's default precisions of a datetime or interval type: of its length (the fractional seconds
+// of a TIMESTAMP, the leading field of an INTERVAL) and of its scale (the fractional seconds of
+// INTERVAL DAY TO SECOND); 0 where the type has no such precision.
+struct Precisions {
+  long length = 0, scale = 0;
+};
+Precisions defaultPrecisions(const std::string& type) {
+  if (type.rfind("TIMESTAMP", 0) == 0) return {6, 0};
+  if (type == "INTERVAL DAY TO SECOND") return {2, 6};
+  if (type.rfind("INTERVAL", 0) == 0) return {2, 0};
+  return {};
+}
+
 // Why a change within a type family can fail on a table with rows, or "" when it cannot.
 std::string narrowing(const Column& old, const Column& now) {
   constexpr long kFloating = 1L << 20;  // the scale of a NUMBER without precision: any
@@ -247,12 +260,10 @@ std::string narrowing(const Column& old, const Column& now) {
     return "Oracle refuses to decrease the precision or scale of a column that holds any value "
            "(ORA-01440): the statement runs only while the column is empty";
   }
-  const bool interval = old.type.rfind("INTERVAL", 0) == 0;
-  if (old.type == now.type && (interval || old.type.rfind("TIMESTAMP", 0) == 0)) {
-    // Fractional seconds (6 when not given) and the leading field of an interval (2).
-    const long leading = interval ? 2 : 6;
-    if (numberOr(now.length, leading) >= numberOr(old.length, leading) &&
-        numberOr(now.scale, 6) >= numberOr(old.scale, 6))
+  const Precisions defaults = defaultPrecisions(old.type);
+  if (old.type == now.type && defaults.length != 0) {
+    if (numberOr(now.length, defaults.length) >= numberOr(old.length, defaults.length) &&
+        numberOr(now.scale, defaults.scale) >= numberOr(old.scale, defaults.scale))
       return "";
     return "Oracle refuses to decrease the precision of a datetime or interval column that holds any value "
            "(ORA-30082): the statement runs only while the column is empty";
@@ -1757,10 +1768,9 @@ Script Differ::alter() {
 // (an export against a hand-written document) compare equal.
 void dropDefaultPrecisions(Table& t) {
   for (Column& c : t.columns) {
-    const bool timestamp = c.type.rfind("TIMESTAMP", 0) == 0;
-    const bool interval = c.type.rfind("INTERVAL", 0) == 0;
-    if ((timestamp && c.length == "6") || (interval && c.length == "2")) c.length.clear();
-    if (c.type == "INTERVAL DAY TO SECOND" && c.scale == "6") c.scale.clear();
+    const Precisions defaults = defaultPrecisions(c.type);
+    if (defaults.length != 0 && c.length == std::to_string(defaults.length)) c.length.clear();
+    if (defaults.scale != 0 && c.scale == std::to_string(defaults.scale)) c.scale.clear();
   }
 }
 
