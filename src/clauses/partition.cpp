@@ -97,6 +97,8 @@ class CSQLClauseSubpartTemplate : public Cloneable<CSQLClauseSubpartTemplate> {
 
  protected:
   void init() override;
+  // The two levels build different trees.
+  bool buildsFromOwnState() const override { return true; }
 
  private:
   bool m_tableLevel;

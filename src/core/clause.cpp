@@ -3,6 +3,7 @@
 #include "piece.h"
 #include "pool.h"
 #include "qarvelt/core/container.h"
+#include "shape.h"
 
 #include <cctype>
 #include <cstring>
@@ -80,6 +81,7 @@ void CSQLClause::operator delete(void* node, std::size_t size) noexcept {
 CSQLClause::CSQLClause(bool /*bInit*/, int nOraVersion) : m_nOraVersion(nOraVersion) {}
 
 CSQLClause::~CSQLClause() {
+  delete m_held;
   // Nothing may keep pointing at this node, and this node's target must forget it.
   if (!m_rare) return;
   for (CSQLClause* linker : m_rare->linkers)
@@ -112,15 +114,6 @@ void CSQLClause::setup(TreeText name, bool bInit) {
 void CSQLClause::setName(TreeText name) {
   m_name.set(name);
   nameChanged();
-}
-
-void CSQLClause::build() const {
-  auto* self = const_cast<CSQLClause*>(this);
-  const int current = m_nOraVersion;
-  self->m_nOraVersion = m_nPendingCode;
-  self->m_nPendingCode = -1;
-  self->init();
-  self->m_nOraVersion = current;
 }
 
 // ---- the counts ---------------------------------------------------------------------------------
@@ -249,8 +242,8 @@ int CSQLClause::postModifiedSQL(const char* /*path*/, std::string& /*text*/) {
 }
 void CSQLClause::init() {}
 
-// A subtree not built yet has nothing written to take back.
 void CSQLClause::resetUsedAttrs() {
+  if (m_held != nullptr) resetHeld();
   for (auto& child : m_children)
     child->resetUsedAttrs();
 }
@@ -298,6 +291,11 @@ void CSQLClause::joinPiece(std::string& text, std::string_view piece) {
 }
 
 void CSQLClause::writeChildren(const char* path, std::string& text) {
+  // Values held below a subtree not built yet are written from the shape, for the whole subtree.
+  if (m_held != nullptr && path[0] == '*' && path[1] == '\0') {
+    writeShapedChildren(0, static_cast<std::uint32_t>(m_held->shape->nodes.size()), text, 0);
+    return;
+  }
   std::string_view head;
   const char* rest = splitPath(path, head);
   const bool all = head == "*";
@@ -335,6 +333,7 @@ bool CSQLClause::beginText(const char* path, std::string& text) {
 
 void CSQLClause::markWritten() {
   if (isModified(nullptr)) m_bUsed = true;
+  if (m_held != nullptr) m_held->used |= m_held->modified;
   for (auto& child : m_children) {
     if (child->m_nModified != 0) child->markWritten();
   }
@@ -370,6 +369,11 @@ bool CSQLClause::isPlainContainer(const CSQLClause* node) {
 int CSQLClause::walk(WalkOp op, const char* path, const char* value, CSQLClause* node) {
   std::string_view head;
   const char* rest = splitPath(path, head);
+  // Below a subtree not built yet, a value goes beside the shape when the shape can tell where.
+  if (m_nPendingCode >= 0 && op != WalkOp::AddAttr) {
+    const int result = walkUnbuilt(op, path, head, rest, value);
+    if (result != kBuildFirst) return result;
+  }
   return walkSplit(op, path, head, rest, value, node);
 }
 
@@ -483,6 +487,7 @@ void CSQLClause::Clear() {
   m_strInit.clear();
   m_bUsed = false;
   noteValue();
+  dropHeld();
   for (auto& child : m_children)
     child->Clear();
 }
@@ -578,12 +583,18 @@ CSQLClause* CSQLClause::cloneInto(CSQLClause* fresh) {
     return fresh;
   }
   // A node not built yet is cloned as one not built yet: `fresh` is of this node's class, so its
-  // init() builds the same subtree when it is needed.
+  // init() builds the same subtree when it is needed; the values held for it go along.
   const int pending = m_nPendingCode;
   m_nPendingCode = -1;  // nothing to copy below: Copy must not build it
+  detail::HeldValues* held = std::exchange(m_held, nullptr);
   Copy(fresh);
+  m_held = held;
   m_nPendingCode = pending;
   fresh->m_nPendingCode = pending;
+  if (held != nullptr && fresh->m_held == nullptr) {
+    fresh->m_held = new detail::HeldValues(*held);
+    fresh->addCounts(__builtin_popcountll(held->modified), 0);
+  }
   return fresh;
 }
 
@@ -592,6 +603,7 @@ CSQLClause* CSQLClause::operator*() {
 }
 
 bool CSQLClause::hasUnused() {
+  if (m_held != nullptr && (m_held->modified & ~m_held->used) != 0) return true;
   // Only a modified node can be waiting to be written.
   for (auto& child : m_children) {
     if (child->m_nModified != 0 && child->hasUnused()) return true;
@@ -610,7 +622,9 @@ void CSQLClause::RefreshUsed() {
 // An OR container at any depth withdraws its written alternative; without this, an OR below an AND
 // or a clause would choose its first alternative again on every pass.
 void CSQLClause::refreshNested() {
-  // A subtree not built yet holds no alternative that was written.
+  // A subtree not built yet holds no alternative that was written, unless values are held for it:
+  // its alternatives take their turn as built nodes.
+  if (m_held != nullptr && (m_held->modified | m_held->used) != 0) children();
   for (auto& child : m_children) {
     if (child->GetSubType() == "OR") {
       child->RefreshUsed();

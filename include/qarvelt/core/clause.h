@@ -9,13 +9,16 @@
 // One writing operation, GetModifiedSQL, serves CREATE and ALTER text alike: a leaf writes itself
 // only when its current value differs from its initial value.
 //
-// A clause builds its subtree the first time an operation needs it (a path walk into it, Copy,
-// GetLength, GetChild, writing a modified part), always with the release code it was constructed
-// with. Reading a tree may therefore change it: share a tree between threads only behind a lock.
+// A clause builds its subtree the first time an operation needs the nodes themselves (Copy,
+// GetLength, GetChild, GetClause, AddAttr below it), always with the release code it was constructed
+// with. Until then the values set below it by SetValue and SetInit are held beside the shape that
+// every node of its class and release code shares, and the writer writes them from there. Reading a
+// tree may therefore change it: share a tree between threads only behind a lock.
 #ifndef QARVELT_CORE_CLAUSE_H
 #define QARVELT_CORE_CLAUSE_H
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -32,6 +35,8 @@ class Node;
 }
 
 namespace detail {
+struct Shape;
+struct HeldValues;
 void* AllocateNode(std::size_t size);
 void FreeNode(void* block, std::size_t size) noexcept;
 // What the node allocator holds: the bytes of blocks the calling thread took and has not freed (a
@@ -163,8 +168,12 @@ class CSQLClause {
   virtual bool isModified(const char* path);
   virtual int preModifiedSQL(const char* path, std::string& text);
   virtual int postModifiedSQL(const char* path, std::string& text);
-  // Builds the node's subtree; called by the constructor of each class when bInit is true.
+  // Builds the node's subtree, the first time it is needed.
   virtual void init();
+  // True for a class whose init() reads more than the release code (a member set by its
+  // constructor): its nodes then never share the shape of another node of the class, and build their
+  // subtrees as soon as a path walk enters them.
+  virtual bool buildsFromOwnState() const { return false; }
   virtual void resetUsedAttrs();
 
   // Path grammar. getAttr: the first segment. nextAttr: the rest after the first ";" (a pointer into
@@ -285,8 +294,50 @@ class CSQLClause {
   enum class WalkOp { SetValue, SetInit, AddAttr };
 
  private:
-  // Runs init() with the release code the node was constructed with; from then on it is built.
+  // Runs init() with the release code the node was constructed with, and hands the built leaves the
+  // values held for them; from then on it is built.
   void build() const;
+
+  // ---- a subtree not built yet (shape.cpp) ----
+  // What a walk over the shape returns when it would have to enter an opaque node.
+  static constexpr int kBuildFirst = -1;
+  // The walk of SetValue and SetInit over the shared shape, holding the value found a leaf for;
+  // kBuildFirst when the shape cannot answer (no shared shape, or an opaque node on the way).
+  int walkUnbuilt(WalkOp op, const char* path, std::string_view head, const char* rest, const char* value);
+  // walkSplit over the shape's nodes [first, end): the slot of the leaf that takes the value, -1 for
+  // a node that accepts it without keeping it.
+  static int findShaped(const detail::Shape& shape,
+                        std::uint32_t first,
+                        std::uint32_t end,
+                        const char* path,
+                        std::string_view head,
+                        const char* rest,
+                        const char* value,
+                        int& slot);
+  // SetValue(sub, value) of the shape's node `index`, by the rules of its class.
+  static int enterShaped(
+      const detail::Shape& shape, std::uint32_t index, const char* sub, const char* value, int& slot);
+  void holdValue(WalkOp op, int slot, const char* value);
+  void setHeldModified(int slot, bool modified);
+  // The writer over the shape: writeChildren and GetModifiedSQL of the shape's nodes for the path "*",
+  // writing at the end of `text`; the node's own text starts at `base`.
+  void writeShapedChildren(std::uint32_t first, std::uint32_t end, std::string& text, std::size_t base);
+  int writeShaped(std::uint32_t index, std::string& text, std::size_t base);
+  // resetUsedAttrs over the held values.
+  void resetHeld();
+  // Forgets every held value (Clear).
+  void dropHeld();
+  // After the subtree is built: its leaves take the held values.
+  static void replayHeld(CSQLClause* node,
+                         const detail::Shape& shape,
+                         std::uint32_t first,
+                         std::uint32_t end,
+                         detail::HeldValues& held,
+                         std::uint64_t touched);
+  // The shape shared by the nodes of `pending`'s class and release code; null when they cannot share
+  // one. Made once per process from a clone of `pending`, kept as long as the process runs.
+  static const detail::Shape* sharedShape(CSQLClause& pending);
+  static bool flattenShape(CSQLClause& node, detail::Shape& shape, int& slots);
   void addCounts(int modified, int hooks);
   void nameChanged() { m_bContainer = m_name.str() == kContainerName; }
 
@@ -309,6 +360,8 @@ class CSQLClause {
 
   std::unique_ptr<Rare> m_rare;
   Children m_children;
+  // The values held below a node not built yet, beside its class's shape (null: none yet).
+  detail::HeldValues* m_held = nullptr;
   CSQLClause* m_pParent = nullptr;
   // A node's subtree is built the first time something needs it. While it is not, this holds the
   // release code given at construction (-1 once built): gates stay those of construction even when
