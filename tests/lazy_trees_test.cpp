@@ -80,30 +80,39 @@ void applySettings(CSQLClause* root, const std::vector<Setting>& settings) {
   }
 }
 
-TEST(LazyTrees, BuiltOnDemandBehavesAsBuiltWhole) {
-  std::mt19937 random(7);
-  std::vector<std::string> differing;
+// Every class at every release code, built whole, with the trails of its leaves (classes without
+// leaves left out).
+template <class Visit>
+void forEveryClassBuiltWhole(Visit visit) {
   for (const NodeClass& c : NodeClasses()) {
     for (int release = kFirstRelease; release <= kLastRelease; ++release) {
       auto whole = c.make(release);
       Trail trail;
       std::vector<Trail> leaves;
       buildAll(whole.get(), trail, leaves);
-      if (leaves.empty()) continue;
-      for (int trial = 0; trial < 12; ++trial) {
-        const std::vector<Setting> settings = randomSettings(random, leaves);
-        auto lazy = c.make(release);
-        applySettings(whole.get(), settings);
-        applySettings(lazy.get(), settings);
-        // A clone taken before anything is written must write the same too.
-        auto clone = lazy->Clone();
-        const auto expected = passes(*whole);
-        if (passes(*lazy) != expected || passes(*clone) != expected)
-          differing.push_back(std::string(c.name) + " at " + std::to_string(release));
-        whole->Clear();
-      }
+      if (!leaves.empty()) visit(c, release, whole, leaves);
     }
   }
+}
+
+TEST(LazyTrees, BuiltOnDemandBehavesAsBuiltWhole) {
+  std::mt19937 random(7);
+  std::vector<std::string> differing;
+  forEveryClassBuiltWhole(
+      [&](const NodeClass& c, int release, auto& whole, const std::vector<Trail>& leaves) {
+        for (int trial = 0; trial < 12; ++trial) {
+          const std::vector<Setting> settings = randomSettings(random, leaves);
+          auto lazy = c.make(release);
+          applySettings(whole.get(), settings);
+          applySettings(lazy.get(), settings);
+          // A clone taken before anything is written must write the same too.
+          auto clone = lazy->Clone();
+          const auto expected = passes(*whole);
+          if (passes(*lazy) != expected || passes(*clone) != expected)
+            differing.push_back(std::string(c.name) + " at " + std::to_string(release));
+          whole->Clear();
+        }
+      });
   EXPECT_TRUE(differing.empty()) << ::testing::PrintToString(differing);
 }
 
@@ -149,34 +158,28 @@ bool setByPaths(std::mt19937& random,
 TEST(LazyTrees, ValuesSetByPathBehaveAsOnTreesBuiltWhole) {
   std::mt19937 random(13);
   std::vector<std::string> differing;
-  for (const NodeClass& c : NodeClasses()) {
-    for (int release = kFirstRelease; release <= kLastRelease; ++release) {
-      auto whole = c.make(release);
-      Trail trail;
-      std::vector<Trail> leaves;
-      buildAll(whole.get(), trail, leaves);
-      std::vector<std::string> paths;
-      for (const Trail& leaf : leaves)
-        paths.push_back(pathOf(whole.get(), leaf));
-      if (paths.empty()) continue;
-      const std::string where = std::string(c.name) + " at " + std::to_string(release);
-      for (int trial = 0; trial < 6; ++trial) {
-        auto lazy = c.make(release);
-        if (!setByPaths(random, paths, *whole, *lazy)) differing.push_back(where + ": result");
-        if (whole->IsModified("*") != lazy->IsModified("*") || whole->hasUnused() != lazy->hasUnused())
-          differing.push_back(where + ": answers");
-        auto clone = lazy->Clone();
-        const auto expected = passes(*whole);
-        if (passes(*lazy) != expected) differing.push_back(where + ": passes");
-        if (passes(*clone) != expected) differing.push_back(where + ": clone");
-        whole->Clear();
-        lazy->Clear();
-        if (!setByPaths(random, paths, *whole, *lazy)) differing.push_back(where + ": result after Clear");
-        if (passes(*lazy) != passes(*whole)) differing.push_back(where + ": passes after Clear");
-        whole->Clear();
-      }
-    }
-  }
+  forEveryClassBuiltWhole(
+      [&](const NodeClass& c, int release, auto& whole, const std::vector<Trail>& leaves) {
+        std::vector<std::string> paths;
+        for (const Trail& leaf : leaves)
+          paths.push_back(pathOf(whole.get(), leaf));
+        const std::string where = std::string(c.name) + " at " + std::to_string(release);
+        for (int trial = 0; trial < 6; ++trial) {
+          auto lazy = c.make(release);
+          if (!setByPaths(random, paths, *whole, *lazy)) differing.push_back(where + ": result");
+          if (whole->IsModified("*") != lazy->IsModified("*") || whole->hasUnused() != lazy->hasUnused())
+            differing.push_back(where + ": answers");
+          auto clone = lazy->Clone();
+          const auto expected = passes(*whole);
+          if (passes(*lazy) != expected) differing.push_back(where + ": passes");
+          if (passes(*clone) != expected) differing.push_back(where + ": clone");
+          whole->Clear();
+          lazy->Clear();
+          if (!setByPaths(random, paths, *whole, *lazy)) differing.push_back(where + ": result after Clear");
+          if (passes(*lazy) != passes(*whole)) differing.push_back(where + ": passes after Clear");
+          whole->Clear();
+        }
+      });
   EXPECT_TRUE(differing.empty()) << ::testing::PrintToString(differing);
 }
 

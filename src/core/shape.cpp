@@ -299,16 +299,20 @@ void CSQLClause::writeShapedChildren(std::uint32_t first,
                                      std::string& text,
                                      std::size_t base) {
   const Shape& shape = *m_held->shape;
-  for (std::uint32_t i = first; i < end; i = shape.nodes[i].end) {
-    if ((shape.nodes[i].slots & m_held->modified) == 0) continue;  // quiet
-    const std::size_t from = text.size();
-    text += ' ';
-    if (writeShaped(i, text, from + 1) != SQL_OK) {
-      text.resize(from);
-      continue;
-    }
-    joinInPlace(text, base, from);
+  for (std::uint32_t i = first; i < end; i = shape.nodes[i].end)
+    writeShapedChild(i, text, base);
+}
+
+bool CSQLClause::writeShapedChild(std::uint32_t index, std::string& text, std::size_t base) {
+  if ((m_held->shape->nodes[index].slots & m_held->modified) == 0) return false;  // quiet
+  const std::size_t from = text.size();
+  text += ' ';
+  if (writeShaped(index, text, from + 1) != SQL_OK) {
+    text.resize(from);
+    return false;
   }
+  joinInPlace(text, base, from);
+  return true;
 }
 
 int CSQLClause::writeShaped(std::uint32_t index, std::string& text, std::size_t base) {
@@ -342,15 +346,8 @@ int CSQLClause::writeShaped(std::uint32_t index, std::string& text, std::size_t 
     case ShapeKind::Or: {
       appendText(text, proto.prefixText());
       for (std::uint32_t i = index + 1; i < node.end; i = shape.nodes[i].end) {
-        if ((shape.nodes[i].slots & m_held->modified) == 0) continue;
-        const std::size_t from = text.size();
-        text += ' ';
-        if (writeShaped(i, text, from + 1) != SQL_OK) {
-          text.resize(from);
-          continue;
-        }
         // The first alternative with something to write is the chosen one.
-        joinInPlace(text, base, from);
+        if (!writeShapedChild(i, text, base)) continue;
         closeInPlace(text, base, proto.prefixText(), proto.postfixText());
         return SQL_OK;
       }

@@ -323,6 +323,9 @@ class CSQLClause {
   // writing at the end of `text`; the node's own text starts at `base`.
   void writeShapedChildren(std::uint32_t first, std::uint32_t end, std::string& text, std::size_t base);
   int writeShaped(std::uint32_t index, std::string& text, std::size_t base);
+  // Writes the shape's node `index` after the text of its parent (from `base` on) and joins it by the
+  // join rule; false when the node is quiet or writes nothing.
+  bool writeShapedChild(std::uint32_t index, std::string& text, std::size_t base);
   // resetUsedAttrs over the held values.
   void resetHeld();
   // Forgets every held value (Clear).
