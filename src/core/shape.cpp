@@ -121,7 +121,8 @@ const Shape* CSQLClause::sharedShape(CSQLClause& pending) {
     bool shared = !pending.buildsFromOwnState();
     if (shared) {
       prototype.reset(pending.operator*());
-      shared = prototype != nullptr && typeid(*prototype) == type && prototype->m_nPendingCode == code;
+      const CSQLClause* made = prototype.get();
+      shared = made != nullptr && typeid(*made) == type && made->m_nPendingCode == code;
     }
     int slots = 0;
     if (shared) {
