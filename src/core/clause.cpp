@@ -4,6 +4,7 @@
 #include "pool.h"
 #include "qarvelt/core/container.h"
 #include "shape.h"
+#include "wrap.h"
 
 #include <cctype>
 #include <cstring>
@@ -18,13 +19,6 @@ namespace {
 
 const char* orEmpty(const char* s) {
   return s != nullptr ? s : "";
-}
-
-// std::isspace, without a call for the ASCII bytes, on which every locale agrees.
-bool isSpace(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  if (byte < 0x80) return byte == ' ' || (byte >= '\t' && byte <= '\r');
-  return std::isspace(byte) != 0;
 }
 
 // Copies made while another copy is under way (the clones of its children). Links are pointed at
@@ -53,14 +47,14 @@ thread_local int NestedCopy::t_depth = 0;
 
 void TrimLeft(std::string& text) {
   std::size_t i = 0;
-  while (i < text.size() && isSpace(text[i]))
+  while (i < text.size() && detail::IsBlank(text[i]))
     ++i;
   text.erase(0, i);
 }
 
 void TrimRight(std::string& text) {
   std::size_t n = text.size();
-  while (n > 0 && isSpace(text[n - 1]))
+  while (n > 0 && detail::IsBlank(text[n - 1]))
     --n;
   text.resize(n);
 }
@@ -273,9 +267,9 @@ CSQLClause* CSQLClause::GetChild(int index) const {
 std::string_view CSQLClause::trimmedView(const std::string& piece) {
   std::size_t first = 0;
   std::size_t last = piece.size();
-  while (first < last && isSpace(piece[first]))
+  while (first < last && detail::IsBlank(piece[first]))
     ++first;
-  while (last > first && isSpace(piece[last - 1]))
+  while (last > first && detail::IsBlank(piece[last - 1]))
     --last;
   return std::string_view(piece.data() + first, last - first);
 }
@@ -591,9 +585,9 @@ CSQLClause* CSQLClause::cloneInto(CSQLClause* fresh) {
   m_held = held;
   m_nPendingCode = pending;
   fresh->m_nPendingCode = pending;
-  if (held != nullptr && fresh->m_held == nullptr) {
+  if (held != nullptr) {
     fresh->m_held = new detail::HeldValues(*held);
-    fresh->addCounts(__builtin_popcountll(held->modified), 0);
+    fresh->addCounts(held->modifiedCount(), 0);
   }
   return fresh;
 }

@@ -3,7 +3,6 @@
 #include "shape.h"
 
 #include <array>
-#include <cctype>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -15,6 +14,7 @@
 #include "qarvelt/core/attr.h"
 #include "qarvelt/core/builder.h"
 #include "qarvelt/core/container.h"
+#include "wrap.h"
 
 namespace qarvelt {
 
@@ -25,10 +25,6 @@ using detail::ShapeNode;
 using detail::SlotBit;
 
 namespace {
-
-int popcount(std::uint64_t mask) {
-  return __builtin_popcountll(mask);
-}
 
 // The shapes of the process, made once per class and release code. Never destroyed: the prototypes
 // they point into are nodes, and nodes may be freed after every other static object is gone.
@@ -250,11 +246,6 @@ void CSQLClause::setHeldModified(int slot, bool modified) {
 
 namespace {
 
-bool isBlank(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return byte < 0x80 ? (byte == ' ' || (byte >= '\t' && byte <= '\r')) : std::isspace(byte) != 0;
-}
-
 // The text of a node written from `base` on, and after it a blank at `from` and a child's text
 // from `from + 1` on: joins the child's text to the node's by the join rule, or takes it back when
 // it is blank. The blank put in before the child is where the join's own blank goes, so the child's
@@ -262,9 +253,9 @@ bool isBlank(char c) {
 void joinInPlace(std::string& text, std::size_t base, std::size_t from) {
   std::size_t first = from + 1;
   std::size_t last = text.size();
-  while (first < last && isBlank(text[first]))
+  while (first < last && detail::IsBlank(text[first]))
     ++first;
-  while (last > first && isBlank(text[last - 1]))
+  while (last > first && detail::IsBlank(text[last - 1]))
     --last;
   if (first == last) {
     text.resize(from);
@@ -272,25 +263,11 @@ void joinInPlace(std::string& text, std::size_t base, std::size_t from) {
   }
   text.resize(last);
   std::size_t end = from;
-  while (end > base && isBlank(text[end - 1]))
+  while (end > base && detail::IsBlank(text[end - 1]))
     --end;
   // Everything from `end` to `first` is blank.
   if (end == base || (text[end - 1] != '(' && text[end - 1] != '.')) text[end++] = ' ';
   if (end != first) text.erase(end, first - end);
-}
-
-// Most texts of a shape are empty: they are not appended at all.
-void appendText(std::string& text, std::string_view part) {
-  if (!part.empty()) text += part;
-}
-
-// The prefix of a container opened at `base`: nothing written after it takes it back.
-void closeInPlace(std::string& text, std::size_t base, std::string_view prefix, std::string_view postfix) {
-  if (std::string_view(text).substr(base) == prefix) {
-    text.resize(base);
-  } else {
-    appendText(text, postfix);
-  }
 }
 
 }  // namespace
@@ -325,34 +302,34 @@ int CSQLClause::writeShaped(std::uint32_t index, std::string& text, std::size_t 
       const std::uint64_t bit = SlotBit(node.slot);
       const bool modified = (m_held->modified & bit) != 0;
       if (modified) {
-        appendText(text, proto.prefixText());
+        detail::appendText(text, proto.prefixText());
         text += m_held->find(node.slot)->value;
-        appendText(text, proto.suffixText());
+        detail::appendText(text, proto.suffixText());
       }
       if (index + 1 < node.end) writeShapedChildren(index + 1, node.end, text, base);
       if (modified) {
-        appendText(text, proto.postfixText());
+        detail::appendText(text, proto.postfixText());
         m_held->used |= bit;
       }
       break;
     }
     case ShapeKind::And:
-      appendText(text, proto.prefixText());
+      detail::appendText(text, proto.prefixText());
       writeShapedChildren(index + 1, node.end, text, base);
-      closeInPlace(text, base, proto.prefixText(), proto.postfixText());
+      detail::closeWrap(proto.prefixText(), proto.postfixText(), text, base);
       break;
     case ShapeKind::Named:
       writeShapedChildren(index + 1, node.end, text, base);
       break;
     case ShapeKind::Or: {
-      appendText(text, proto.prefixText());
+      detail::appendText(text, proto.prefixText());
       for (std::uint32_t i = index + 1; i < node.end; i = shape.nodes[i].end) {
         // The first alternative with something to write is the chosen one.
         if (!writeShapedChild(i, text, base)) continue;
-        closeInPlace(text, base, proto.prefixText(), proto.postfixText());
+        detail::closeWrap(proto.prefixText(), proto.postfixText(), text, base);
         return SQL_OK;
       }
-      closeInPlace(text, base, proto.prefixText(), proto.postfixText());
+      detail::closeWrap(proto.prefixText(), proto.postfixText(), text, base);
       break;
     }
     case ShapeKind::Opaque:
@@ -383,7 +360,7 @@ void CSQLClause::resetHeld() {
 
 void CSQLClause::dropHeld() {
   if (m_held == nullptr) return;
-  addCounts(-popcount(m_held->modified), 0);
+  addCounts(-m_held->modifiedCount(), 0);
   delete m_held;
   m_held = nullptr;
 }
@@ -419,7 +396,7 @@ void CSQLClause::build() const {
   self->m_nPendingCode = -1;
   // The held values leave the counts and come back with the leaves that take them.
   std::unique_ptr<HeldValues> held(std::exchange(self->m_held, nullptr));
-  if (held) self->addCounts(-popcount(held->modified), 0);
+  if (held) self->addCounts(-held->modifiedCount(), 0);
   self->init();
   self->m_nOraVersion = current;
   if (!held) return;

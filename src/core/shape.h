@@ -68,6 +68,7 @@ struct HeldValues {
     entries.push_back(Entry{slot, std::string(), std::string()});
     return entries.back();
   }
+  int modifiedCount() const { return __builtin_popcountll(modified); }
   // The slots holding anything a built subtree would have to receive.
   std::uint64_t touched() const {
     std::uint64_t mask = used;
